@@ -1,0 +1,10 @@
+# Everything outside what the project exists for comes from Debian packages; `dev` installs them.
+find_package(PkgConfig REQUIRED)
+find_package(ZLIB REQUIRED)
+find_package(Boost REQUIRED)
+pkg_check_modules(FREETYPE REQUIRED IMPORTED_TARGET freetype2)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
+pkg_check_modules(TINYXML2 REQUIRED IMPORTED_TARGET tinyxml2)
+pkg_check_modules(OPENJPEG REQUIRED IMPORTED_TARGET libopenjp2)
+find_path(STB_INCLUDE_DIR NAMES stb/stb_image.h REQUIRED)
+find_path(UTF8CPP_INCLUDE_DIR NAMES utf8.h PATH_SUFFIXES utf8cpp REQUIRED)

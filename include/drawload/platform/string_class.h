@@ -1,0 +1,17 @@
+#ifndef DRAWLOAD_PLATFORM_STRING_CLASS_H
+#define DRAWLOAD_PLATFORM_STRING_CLASS_H
+
+#include <string>
+
+namespace platform {
+
+/// The string class of `CFileGroup::name`: the one place that decides it.
+using StringClass = std::string;
+
+/// Handle of a moveable memory block. On this platform it is the address of the block itself, so that a
+/// caller may read the block without locking it first.
+using GlobalHandle = void*;
+
+}  // namespace platform
+
+#endif

@@ -1,0 +1,64 @@
+#ifndef DRAWLOAD_ENTITY_SHAPES_H
+#define DRAWLOAD_ENTITY_SHAPES_H
+
+#include "entity/entity.h"
+
+namespace Entity_ZR {
+
+class ZR_Point : public ZR_Entity {
+ public:
+  ZR_Point() : ZR_Entity(kPoint) {}
+
+  Point3 position;
+};
+
+class ZR_Line : public ZR_Entity {
+ public:
+  ZR_Line() : ZR_Entity(kLine) {}
+
+  Point3 start;
+  Point3 end;
+};
+
+class ZR_Circle : public ZR_Entity {
+ public:
+  ZR_Circle() : ZR_Entity(kCircle) {}
+
+  Point3 center;
+  double radius = 0.0;
+};
+
+class ZR_Arc : public ZR_Entity {
+ public:
+  ZR_Arc() : ZR_Entity(kArc) {}
+
+  Point3 center;
+  double radius = 0.0;
+  double startAngle = 0.0;
+  double endAngle = 0.0;
+  std::uint8_t reversed = 0;  ///< non-zero: runs clockwise from `startAngle` to `endAngle`
+};
+
+class ZR_Ellipse : public ZR_Entity {
+ public:
+  ZR_Ellipse() : ZR_Entity(kEllipse) {}
+
+  Point3 center;
+  double radiusX = 0.0;
+  double radiusY = 0.0;
+  double startAngle = 0.0;
+  double endAngle = 0.0;
+  double rotation = 0.0;
+  std::uint8_t reversed = 0;
+};
+
+class ZR_Solid : public ZR_Entity {
+ public:
+  ZR_Solid() : ZR_Entity(kSolid) {}
+
+  Point3 corners[4];
+};
+
+}  // namespace Entity_ZR
+
+#endif

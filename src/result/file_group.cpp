@@ -1,0 +1,68 @@
+#include "drawload/file_group.h"
+
+#include <utility>
+
+#include "result/member_list.h"
+#include "result/ownership.h"
+
+CFileGroup::CFileGroup()
+    : memberHead(NewMemberList()), memberCursor(memberHead), memberCount(0), trailingValue(0) {
+  kind = kFileGroup;
+}
+
+CFileGroup::CFileGroup(const CFileGroup& other) = default;
+CFileGroup& CFileGroup::operator=(const CFileGroup& other) = default;
+
+CFileGroup::~CFileGroup() {
+  while (memberHead->next != memberHead) DestroyObject(RemoveMember(memberHead->next));
+  delete memberHead;
+}
+
+void CFileGroup::TransMove(double dx, double dy) {
+  for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {
+    memberCursor->object->TransMove(dx, dy);
+  }
+}
+
+void CFileGroup::TransRotate(double cx, double cy, double angle) {
+  for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {
+    memberCursor->object->TransRotate(cx, cy, angle);
+  }
+}
+
+void CFileGroup::TransMirrorX(double x) {
+  for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {
+    memberCursor->object->TransMirrorX(x);
+  }
+}
+
+void CFileGroup::TransMirrorY(double y) {
+  for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {
+    memberCursor->object->TransMirrorY(y);
+  }
+}
+
+void CFileGroup::TransDrag(double cx, double cy, double sx, double sy) {
+  for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {
+    memberCursor->object->TransDrag(cx, cy, sx, sy);
+  }
+}
+
+structRect CFileGroup::CalRect() {
+  for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {
+    structRect bounds = memberCursor->object->CalRect();
+    if (memberCursor == memberHead->next) {
+      rect = bounds;
+      continue;
+    }
+    if (bounds.minX > bounds.maxX) std::swap(bounds.minX, bounds.maxX);
+    if (bounds.minY > bounds.maxY) std::swap(bounds.minY, bounds.maxY);
+    if (rect.minX > bounds.minX) rect.minX = bounds.minX;
+    if (rect.minY > bounds.minY) rect.minY = bounds.minY;
+    if (rect.maxX < bounds.maxX) rect.maxX = bounds.maxX;
+    if (rect.maxY < bounds.maxY) rect.maxY = bounds.maxY;
+    if (rect.minX > rect.maxX) std::swap(rect.minX, rect.maxX);
+    if (rect.minY > rect.maxY) std::swap(rect.minY, rect.maxY);
+  }
+  return rect;
+}

@@ -1,0 +1,18 @@
+#ifndef DRAWLOAD_RESULT_MEMBER_LIST_H
+#define DRAWLOAD_RESULT_MEMBER_LIST_H
+
+#include "drawload/file_group.h"
+
+/// Makes the sentinel of an empty list, linked to itself; the caller deletes it.
+FileMember* NewMemberList();
+
+/// Appends `object` behind the last node of the list of `head`; the list owns it from then on.
+void AppendMember(FileMember* head, CFileDraw* object);
+
+/// Unlinks and frees `node`; hands the object that it held back to the caller.
+CFileDraw* RemoveMember(FileMember* node);
+
+/// Moves all nodes of `from`, in order, behind the last node of `to`. `from` is empty afterwards.
+void SpliceMembers(FileMember* from, FileMember* to);
+
+#endif

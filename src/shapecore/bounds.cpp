@@ -1,0 +1,90 @@
+// Tight bounds of curves and of placed bitmaps.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "drawload/file_curve.h"
+#include "drawload/file_dib.h"
+
+namespace {
+
+struct Interval {
+  double low;
+  double high;
+
+  void Include(double value) {
+    low = std::min(low, value);
+    high = std::max(high, value);
+  }
+};
+
+/// The value of a cubic Bezier polynomial with coefficients p0 to p3 at `t`.
+double CubicAt(double p0, double p1, double p2, double p3, double t) {
+  const double s = 1.0 - t;
+  return s * s * s * p0 + 3.0 * s * s * t * p1 + 3.0 * s * t * t * p2 + t * t * t * p3;
+}
+
+/// Widens `interval` by the extrema of one coordinate of a cubic Bezier curve: the roots of its derivative
+/// a·t² + b·t + c inside (0, 1). The roots come from the form that does not cancel: q = -(b ± √D)/2, with
+/// the sign of b, then q/a and c/q.
+void IncludeCubic(Interval& interval, double p0, double p1, double p2, double p3) {
+  interval.Include(p0);
+  interval.Include(p3);
+  if (std::min(p1, p2) >= interval.low && std::max(p1, p2) <= interval.high) return;
+  const double a = 3.0 * (p3 - 3.0 * p2 + 3.0 * p1 - p0);
+  const double b = 6.0 * (p2 - 2.0 * p1 + p0);
+  const double c = 3.0 * (p1 - p0);
+  const double discriminant = b * b - 4.0 * a * c;
+  if (!(discriminant >= 0.0)) return;
+  const double q = -0.5 * (b + std::copysign(std::sqrt(discriminant), b));
+  for (const double root : {q / a, c / q}) {
+    if (root > 0.0 && root < 1.0) interval.Include(CubicAt(p0, p1, p2, p3, root));
+  }
+}
+
+void IncludeSegment(Interval& x, Interval& y, const FileSegment& segment) {
+  if (segment.type == kSegmentLine) {
+    x.Include(segment.start.x);
+    x.Include(segment.end.x);
+    y.Include(segment.start.y);
+    y.Include(segment.end.y);
+    return;
+  }
+  IncludeCubic(x, segment.start.x, segment.control1.x, segment.control2.x, segment.end.x);
+  IncludeCubic(y, segment.start.y, segment.control1.y, segment.control2.y, segment.end.y);
+}
+
+/// The unsigned 32-bit number at byte `offset` of a packed bitmap.
+std::uint32_t HeaderWord(const void* bitmap, std::size_t offset) {
+  std::uint32_t word = 0;
+  std::memcpy(&word, static_cast<const char*>(bitmap) + offset, sizeof word);
+  return word;
+}
+
+}  // namespace
+
+// A curve without segments keeps the bounds that it has.
+structRect CFileCurve::CalRect() {
+  const FileSegment* first = segmentHead->next;
+  if (first == segmentHead) return rect;
+  Interval x{first->start.x, first->start.x};
+  Interval y{first->start.y, first->start.y};
+  for (const FileSegment* segment = first; segment != segmentHead; segment = segment->next) {
+    IncludeSegment(x, y, *segment);
+  }
+  rect = {x.low, y.low, x.high, y.high};
+  return rect;
+}
+
+structRect CFileDib::CalRect() {
+  const double width = bitmap == nullptr ? 0.0 : HeaderWord(bitmap, 4);
+  const double height = bitmap == nullptr ? 0.0 : HeaderWord(bitmap, 8);
+  Interval x{e, e};
+  Interval y{f, f};
+  for (const FilePosition corner : {FilePosition{width, 0.0}, {0.0, height}, {width, height}}) {
+    x.Include(a * corner.x + c * corner.y + e);
+    y.Include(b * corner.x + d * corner.y + f);
+  }
+  rect = {x.low, y.low, x.high, y.high};
+  return rect;
+}

@@ -1,0 +1,96 @@
+#include "support/text_to_number.h"
+
+#include <charconv>
+#include <clocale>
+#include <cstdlib>
+#include <limits>
+#include <string>
+
+#if defined(__GLIBC__)
+#include <locale.h>
+#endif
+
+namespace support {
+
+namespace {
+
+std::string_view SkipSpace(std::string_view text) {
+  std::size_t i = 0;
+  while (i < text.size() && IsSpace(text[i])) ++i;
+  return text.substr(i);
+}
+
+/// Takes a sign off `text`; true for a minus.
+bool TakeSign(std::string_view& text) {
+  if (text.empty() || (text[0] != '-' && text[0] != '+')) return false;
+  const bool negative = text[0] == '-';
+  text.remove_prefix(1);
+  return negative;
+}
+
+int HexDigit(char c) {
+  if (IsDigit(c)) return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return -1;
+}
+
+bool StartsHexadecimal(std::string_view text) {
+  return text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+}
+
+/// The rare numbers (hexadecimal, out of range): the C library itself, in the "C" locale.
+double SlowAtoF(std::string_view text) {
+  static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+  const std::string terminated(text);
+  return strtod_l(terminated.c_str(), nullptr, cLocale);
+}
+
+}  // namespace
+
+std::int32_t AtoI(std::string_view text) {
+  text = SkipSpace(text);
+  const bool negative = TakeSign(text);
+  constexpr std::uint64_t kMost = std::numeric_limits<std::int64_t>::max();
+  std::uint64_t magnitude = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) break;
+    const auto digit = static_cast<std::uint64_t>(c - '0');
+    if (magnitude > (kMost - digit) / 10) {
+      magnitude = negative ? kMost + 1 : kMost;
+      break;
+    }
+    magnitude = magnitude * 10 + digit;
+  }
+  const std::uint64_t value = negative ? 0 - magnitude : magnitude;
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+}
+
+double AtoF(std::string_view text) {
+  text = SkipSpace(text);
+  std::string_view digits = text;
+  const bool negative = TakeSign(digits);
+  if (digits.empty() || digits[0] == '-' || digits[0] == '+') return 0.0;
+  if (StartsHexadecimal(digits)) return SlowAtoF(text);
+  double value = 0.0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (error == std::errc::result_out_of_range) return SlowAtoF(text);
+  if (error != std::errc{}) return 0.0;
+  return negative ? -value : value;
+}
+
+std::uint32_t HexToU32(std::string_view text) {
+  text = SkipSpace(text);
+  const bool negative = TakeSign(text);
+  if (StartsHexadecimal(text)) text.remove_prefix(2);
+  std::uint64_t value = 0;
+  for (const char c : text) {
+    const int digit = HexDigit(c);
+    if (digit < 0) break;
+    value = value * 16 + static_cast<std::uint64_t>(digit);
+    if (value > std::numeric_limits<std::uint32_t>::max()) return 0;
+  }
+  return static_cast<std::uint32_t>(negative ? 0 - value : value);
+}
+
+}  // namespace support
