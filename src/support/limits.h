@@ -12,6 +12,23 @@ namespace support::limits {
 /// Nesting of block references in a DXF drawing. Real drawings nest a handful deep; each level costs stack.
 constexpr int kInsertDepth = 100;
 
+/// Pixels of one picture: an A3 sheet at 800 dots per inch. Decoding takes up to 16 bytes for each.
+constexpr std::size_t kPicturePixels = std::size_t{1} << 27;
+
+/// Pixels that one byte of a picture file can stand for: one-bit pixels at the best ratio that deflate
+/// reaches (8 · 1032). A header that claims more is lying.
+constexpr std::size_t kPicturePixelsPerByte = 8256;
+
+/// Pictures up to this size are decoded whatever their file's length: 4 MB of memory do no harm.
+constexpr std::size_t kSmallPicturePixels = std::size_t{1} << 20;
+
+/// Working memory of the picture decoder that does not depend on the picture: tables, and the blocks to which
+/// very narrow pictures are rounded up.
+constexpr std::size_t kPictureSlackBytes = std::size_t{16} << 20;
+
+/// Scans of one JPEG picture. Progressive pictures have about ten; each one costs a pass over all pixels.
+constexpr std::size_t kJpegScans = 100;
+
 }  // namespace support::limits
 
 #endif
