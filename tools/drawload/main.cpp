@@ -1,0 +1,54 @@
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "commands.h"
+#include "messages.h"
+
+namespace {
+
+constexpr char kDescription[] =
+    "Reads DXF, SVG and PDF drawings for laser cutters and engravers, and shows what will be cut.";
+
+constexpr char kExamples[] =
+    "Examples:\n"
+    "  drawload info bracket.dxf\n"
+    "  drawload convert bracket.dxf -o bracket.svg\n"
+    "Exit status: 0 done, 1 nothing could be read or written, 2 wrong usage.";
+
+LibraryNotes NotesFor(bool verbose) {
+  return verbose ? LibraryNotes::kToStandardError : LibraryNotes::kHidden;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app(kDescription, "drawload");
+  app.footer(kExamples);
+  app.set_version_flag("--version", DRAWLOAD_VERSION);
+  app.require_subcommand(1);
+  bool verbose = false;
+  app.add_flag("-v,--verbose", verbose, "Show the notes that the library prints while it reads");
+
+  InfoOptions info;
+  CLI::App* infoCommand = app.add_subcommand("info", "Print what is in each drawing: results, size, lengths");
+  infoCommand->add_option("FILE", info.inputs, "Drawings to read")->required();
+
+  ConvertOptions convert;
+  CLI::App* convertCommand =
+      app.add_subcommand("convert", "Write what will be cut as an SVG, true to scale in mm");
+  convertCommand->add_option("FILE", convert.input, "Drawing to read")->required();
+  convertCommand->add_option("-o,--output", convert.output, "File to write; its name ends in .svg")
+      ->required();
+  convertCommand->add_flag("-f,--force", convert.replace, "Replace the output if it exists");
+
+  try {
+    app.parse(argc, argv);
+    info.notes = convert.notes = NotesFor(verbose);
+    return infoCommand->parsed() ? RunInfo(info) : RunConvert(convert);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kWrongUsage;
+  } catch (const std::exception& error) {
+    Complain(error.what());
+    return kNothingRead;
+  }
+}

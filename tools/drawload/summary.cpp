@@ -1,0 +1,134 @@
+#include "summary.h"
+
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+#include <tuple>
+
+namespace {
+
+std::string FormatOf(const std::string& path) {
+  const std::size_t dot = path.rfind('.');
+  std::string extension = dot == std::string::npos ? path : path.substr(dot + 1);
+  for (char& c : extension) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return extension == "DXF" || extension == "SVG" || extension == "PDF" ? extension : "";
+}
+
+double DotsPerInch(std::uint32_t pixels, double millimetres) {
+  return millimetres > 0.0 ? pixels * 25.4 / millimetres : 0.0;
+}
+
+BitmapFacts FactsOf(const Bitmap& bitmap) {
+  BitmapFacts facts;
+  facts.width = bitmap.width;
+  facts.height = bitmap.height;
+  facts.placedWidth = std::hypot(bitmap.a, bitmap.b) * bitmap.width;
+  facts.placedHeight = std::hypot(bitmap.c, bitmap.d) * bitmap.height;
+  facts.dpiX = DotsPerInch(bitmap.width, facts.placedWidth);
+  facts.dpiY = DotsPerInch(bitmap.height, facts.placedHeight);
+  return facts;
+}
+
+/// Adds results to a summary and finds the group of each by its colour and settings.
+class Counter {
+ public:
+  explicit Counter(Summary& target) : summary(target) {}
+
+  void Add(const Curve& curve) {
+    const double length = LengthOf(curve);
+    ++summary.curves;
+    for (const Segment& segment : curve.segments) ++(segment.cubic ? summary.cubics : summary.lines);
+    summary.cutLength += length;
+    summary.cutLengthByColor[curve.color] += length;
+    SettingsGroup& group = GroupFor(curve.color, curve.settings);
+    ++group.curves;
+    group.cutLength += length;
+  }
+
+  void Add(const Bitmap& bitmap) {
+    summary.bitmaps.push_back(FactsOf(bitmap));
+    ++GroupFor(0, bitmap.settings).bitmaps;
+  }
+
+ private:
+  SettingsGroup& GroupFor(std::uint32_t color, const Settings& settings) {
+    const auto [entry, isNew] = index.try_emplace({color, settings}, summary.groups.size());
+    if (isNew) summary.groups.push_back({color, settings});
+    return summary.groups[entry->second];
+  }
+
+  struct ByValue {
+    using Key = std::pair<std::uint32_t, Settings>;
+    bool operator()(const Key& left, const Key& right) const {
+      if (left.first != right.first) return left.first < right.first;
+      return (left.second <=> right.second) == std::partial_ordering::less;
+    }
+  };
+
+  Summary& summary;
+  std::map<std::pair<std::uint32_t, Settings>, std::size_t, ByValue> index;
+};
+
+template <typename... Values>
+std::string Line(const char* format, Values... values) {
+  const int length = std::snprintf(nullptr, 0, format, values...);
+  std::string line(static_cast<std::size_t>(length), '\0');
+  std::snprintf(line.data(), line.size() + 1, format, values...);
+  return line + "\n";
+}
+
+std::string BitmapLine(const BitmapFacts& bitmap) {
+  return Line("  bitmap     %u x %u pixels, %.3f x %.3f mm, %.0f x %.0f dpi", bitmap.width, bitmap.height,
+              bitmap.placedWidth, bitmap.placedHeight, bitmap.dpiX, bitmap.dpiY);
+}
+
+std::string GroupText(const SettingsGroup& group) {
+  const Settings& s = group.settings;
+  std::string text = Line("  group      #%06x, %zu curves, %zu bitmaps, %.3f mm", group.color, group.curves,
+                          group.bitmaps, group.cutLength);
+  text +=
+      Line("             processType %d, cutSpeed %g, cutPower %g, engraveSpeed %g, EngMinP %g, EngMaxP %g,",
+           s.processType, s.cutSpeed, s.cutPower, s.engraveSpeed, s.engMinPower, s.engMaxPower);
+  text += Line("             line spacing %g mm, highFocus %g, frequency %g, machineType %d, diameter %g",
+               s.engStep, s.highFocus, s.frequency, s.machineType, s.diameter);
+  if (group.bitmaps > 0) text += Line("             imageType %d, Reverse %d", s.imageType, s.reverse);
+  return text;
+}
+
+}  // namespace
+
+Summary Summarize(const Job& job) {
+  Summary summary;
+  summary.path = job.path;
+  summary.format = FormatOf(job.path);
+  summary.results = job.results.size();
+  summary.dropped = job.dropped;
+  Counter counter(summary);
+  for (const Result& result : job.results) {
+    std::visit([&counter](const auto& value) { counter.Add(value); }, result);
+  }
+  summary.bounds = BoundsOf(job);
+  summary.travelLength = TravelOf(job);
+  return summary;
+}
+
+std::string SummaryText(const Summary& summary) {
+  std::string text = summary.path + ": " + summary.format + "\n";
+  text += Line("  results    %zu: %zu curves, %zu bitmaps", summary.results, summary.curves,
+               summary.bitmaps.size());
+  text += Line("  segments   %zu lines, %zu cubic curves", summary.lines, summary.cubics);
+  if (!summary.bounds.IsEmpty()) {
+    text += Line("  bounds     (%.3f, %.3f) to (%.3f, %.3f) mm, size %.3f x %.3f mm", summary.bounds.minX,
+                 summary.bounds.minY, summary.bounds.maxX, summary.bounds.maxY, summary.bounds.Width(),
+                 summary.bounds.Height());
+  }
+  text += Line("  cut        %.3f mm, travel %.3f mm", summary.cutLength, summary.travelLength);
+  for (const auto& [color, length] : summary.cutLengthByColor)
+    text += Line("  color      #%06x %.3f mm", color, length);
+  for (const BitmapFacts& bitmap : summary.bitmaps) text += BitmapLine(bitmap);
+  for (const SettingsGroup& group : summary.groups) text += GroupText(group);
+  if (summary.dropped > 0) {
+    text += Line("  left out   %zu results with coordinates that are not finite", summary.dropped);
+  }
+  return text;
+}
