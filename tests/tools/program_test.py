@@ -1,0 +1,142 @@
+#!/usr/bin/env python3
+"""The program drawload as a user meets it: its output, its messages, its exit statuses."""
+
+import math
+import os
+import pathlib
+import re
+import stat
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+PROGRAM = sys.argv.pop(1)
+EXAMPLES = pathlib.Path(sys.argv.pop(1))
+SVG = "{http://www.w3.org/2000/svg}"
+
+# A line of 30 mm, a circle of radius 10 mm on a red layer, and a line that is dropped by its layer.
+DRAWING = """0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nRED\n62\n1\n0\nENDTAB\n0\nENDSEC
+0\nSECTION\n2\nENTITIES
+0\nLINE\n8\n0\n10\n0\n20\n0\n11\n30\n21\n0
+0\nCIRCLE\n8\nRED\n10\n50\n20\n20\n40\n10
+0\nENDSEC\n0\nEOF\n"""
+
+
+def run(*arguments, **options):
+    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, timeout=60, **options)
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.here = pathlib.Path(self.folder.name)
+        self.drawing = self.here / "a drawing.dxf"
+        self.drawing.write_text(DRAWING)
+
+    def test_info_counts_measures_and_sorts_by_color(self):
+        done = run("info", self.drawing)
+        text = done.stdout.decode()
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("a drawing.dxf: DXF", text)
+        self.assertRegex(text, r"results +2: 2 curves, 0 bitmaps")
+        self.assertRegex(text, r"segments +1 lines, 4 cubic curves")
+        self.assertRegex(text, r"bounds +\(0\.000, 0\.000\) to \(60\.00\d, 30\.00\d\) mm, size 60\.00\d x 30\.00\d mm")
+        self.assertRegex(text, r"#ffffff 30\.000 mm")
+        red = float(re.search(r"color +#ff0000 ([\d.]+) mm", text).group(1))
+        self.assertAlmostEqual(red, 20 * math.pi, delta=0.03)
+
+    def test_convert_writes_millimetres_true_to_scale_with_y_up(self):
+        out = self.here / "out.svg"
+        self.assertEqual(run("convert", self.drawing, "-o", out).returncode, 0)
+        root = ElementTree.parse(out).getroot()
+        self.assertTrue(root.get("width").endswith("mm"))
+        left, top, width, height = map(float, root.get("viewBox").split())
+        self.assertAlmostEqual(float(root.get("width")[:-2]), width)
+        self.assertAlmostEqual(width, 60, delta=0.01)
+        self.assertAlmostEqual(height, 30, delta=0.01)
+        line, circle = root.findall(SVG + "path")
+        x1, y1, x2, y2 = map(float, re.match(r"M(\S+) (\S+)L(\S+) (\S+)$", line.get("d")).groups())
+        self.assertEqual((x1, x2), (0, 30))
+        self.assertAlmostEqual(y1 - top, height)  # y = 0 is the lower edge of the page
+        self.assertAlmostEqual(y2 - top, height)
+        self.assertEqual(line.get("stroke"), "#ffffff")
+        self.assertEqual(circle.get("stroke"), "#ff0000")
+        self.assertEqual(circle.get("fill"), "none")
+        self.assertEqual(circle.get("d").count("C"), 4)
+
+    def test_info_without_a_readable_file_fails_with_a_message_that_names_it(self):
+        done = run("info", self.here / "missing.dxf")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"missing.dxf", done.stderr)
+        self.assertEqual(done.stdout, b"")
+
+    def test_info_goes_on_with_the_next_file_behind_one_that_fails(self):
+        done = run("info", self.here / "missing.dxf", self.drawing)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"a drawing.dxf: DXF", done.stdout)
+
+    def test_an_empty_drawing_and_a_folder_are_told_apart_from_a_missing_file(self):
+        empty = self.here / "empty.svg"
+        empty.touch()
+        self.assertIn(b"nothing to cut", run("info", empty).stderr)
+        self.assertIn(b"folder", run("info", self.here).stderr)
+
+    def test_convert_of_nothing_writes_nothing(self):
+        out = self.here / "out.svg"
+        self.assertEqual(run("convert", self.here / "missing.dxf", "-o", out).returncode, 1)
+        self.assertFalse(out.exists())
+
+    def test_an_existing_output_is_kept_unless_forced(self):
+        out = self.here / "out.svg"
+        out.write_text("mine")
+        done = run("convert", self.drawing, "-o", out)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"--force", done.stderr)
+        self.assertEqual(out.read_text(), "mine")
+        self.assertEqual(run("convert", "--force", self.drawing, "-o", out).returncode, 0)
+        self.assertIn("<svg", out.read_text())
+
+    def test_an_output_folder_that_is_missing_fails_and_leaves_nothing(self):
+        done = run("convert", self.drawing, "-o", self.here / "no" / "out.svg")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"out.svg", done.stderr)
+        self.assertEqual(sorted(p.name for p in self.here.iterdir()), ["a drawing.dxf"])
+
+    def test_outputs_are_readable_by_others_as_the_umask_allows(self):
+        out = self.here / "out.svg"
+        run("convert", self.drawing, "-o", out, preexec_fn=lambda: os.umask(0o022))
+        self.assertEqual(stat.S_IMODE(out.stat().st_mode), 0o644)
+
+    def test_wrong_usage_has_status_two(self):
+        self.assertEqual(run().returncode, 2)
+        self.assertEqual(run("info").returncode, 2)
+        self.assertEqual(run("shred", self.drawing).returncode, 2)
+        self.assertEqual(run("convert", self.drawing).returncode, 2)
+        self.assertEqual(run("convert", self.drawing, "-o", self.here / "out.tiff").returncode, 2)
+
+    def test_help_and_version_succeed(self):
+        self.assertIn(b"convert", run("--help").stdout)
+        self.assertRegex(run("--version").stdout, rb"^\d+\.\d+\.\d+")
+        self.assertEqual(run("--help").returncode, 0)
+
+    def test_every_example_has_something_to_cut(self):
+        drawings = [p for p in sorted(EXAMPLES.iterdir()) if p.suffix in (".dxf", ".svg", ".pdf")]
+        self.assertGreaterEqual(len(drawings), 3)
+        for drawing in drawings:
+            with self.subTest(drawing=drawing.name):
+                done = run("info", drawing)
+                self.assertEqual(done.returncode, 0, done.stderr)
+
+    def test_a_name_that_is_not_utf8_is_read(self):
+        odd = os.path.join(os.fsencode(self.here), b"caf\xe9 \"a\"\n.dxf")
+        with open(odd, "w", encoding="ascii") as file:
+            file.write(DRAWING)
+        done = subprocess.run([PROGRAM, "info", odd], capture_output=True, timeout=60)
+        self.assertEqual(done.returncode, 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
