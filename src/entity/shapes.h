@@ -31,6 +31,9 @@ class ZR_Circle : public ZR_Entity {
 class ZR_Arc : public ZR_Entity {
  public:
   ZR_Arc() : ZR_Entity(kArc) {}
+  /// The arc between two points with the bulge (tangent of a quarter of its sweep, positive to the left of
+  /// the way) that stands at the first of them. A bulge below 0.0001 is no arc: all fields stay zero.
+  ZR_Arc(Point3 from, double bulge, Point3 to);
 
   Point3 center;
   double radius = 0.0;
@@ -38,6 +41,8 @@ class ZR_Arc : public ZR_Entity {
   double endAngle = 0.0;
   std::uint8_t reversed = 0;  ///< non-zero: runs clockwise from `startAngle` to `endAngle`
 };
+
+inline ZR_Arc ArcFromBulge(Point3 start, double bulge, Point3 end) { return ZR_Arc(start, bulge, end); }
 
 class ZR_Ellipse : public ZR_Entity {
  public:

@@ -13,6 +13,12 @@ void AppendMember(FileMember* head, CFileDraw* object) {
   head->previous = node;
 }
 
+void AppendMember(CFileGroup& group, OwnedObject object) {
+  AppendMember(group.memberHead, object.get());
+  object.release();
+  ++group.memberCount;
+}
+
 CFileDraw* RemoveMember(FileMember* node) {
   CFileDraw* object = node->object;
   node->previous->next = node->next;

@@ -16,6 +16,7 @@ struct ObjectDeleter {
   void operator()(CFileDraw* object) const { DestroyObject(object); }
 };
 
+using OwnedObject = std::unique_ptr<CFileDraw, ObjectDeleter>;
 using OwnedCurve = std::unique_ptr<CFileCurve, ObjectDeleter>;
 using OwnedDib = std::unique_ptr<CFileDib, ObjectDeleter>;
 

@@ -5,7 +5,11 @@
 CMyDrawLoad::CMyDrawLoad() : results(NewMemberList()), resultCursor(results) {}
 
 CMyDrawLoad::~CMyDrawLoad() {
-  while (HasResults()) DestroyObject(RemoveMember(results->next));
+  while (HasResults()) {
+    CFileDraw* object = RemoveMember(results->next);
+    // No parse makes points: one that stands here belongs to whoever put it there.
+    if (object->kind != kFilePoint) DestroyObject(object);
+  }
   delete results;
 }
 
@@ -26,13 +30,18 @@ CFileDraw* CMyDrawLoad::NextResult() {
   return resultCursor == results ? nullptr : resultCursor->object;
 }
 
-void CMyDrawLoad::AddResult(CFileDraw* object) {
-  if (groupDepth == 0) {
-    AppendMember(results, object);
-    ++resultCount;
+void CMyDrawLoad::AddResult(OwnedObject object) {
+  if (groupDepth != 0) {
+    AppendMember(*frames.back()->group, std::move(object));
     return;
   }
-  CFileGroup& group = *frames.back()->group;
-  AppendMember(group.memberHead, object);
-  ++group.memberCount;
+  AppendMember(results, object.get());
+  object.release();
+  ++resultCount;
+}
+
+void CMyDrawLoad::MoveToResults(CFileGroup& group) {
+  resultCount += static_cast<std::uint32_t>(group.memberCount);
+  SpliceMembers(group.memberHead, results);
+  group.memberCount = 0;
 }

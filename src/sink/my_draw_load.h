@@ -4,9 +4,15 @@
 #include <memory>
 #include <vector>
 
+#include "entity/entity.h"
 #include "entity/matrix2d.h"
 #include "result/ownership.h"
+#include "sink/coordinate_chain.h"
 #include "sink/reader_interface.h"
+
+namespace Entity_ZR {
+struct HatchEdge;
+}
 
 /// One open group: the whole placement of its members, and the group that holds them and gives them their
 /// processing block.
@@ -20,7 +26,7 @@ struct GroupFrame {
 ///
 /// Every point goes through the entity's own matrix, then the innermost frame's, then the page's. Which
 /// file does what: `my_draw_load.cpp` life and list, `pages.cpp` pages, `frames.cpp` groups, and one file
-/// for each kind of entity.
+/// for each kind of entity (`simple_curves.cpp`, `polylines.cpp`, `paths.cpp`, `hatches.cpp`).
 class CMyDrawLoad : public PARSE::DrawLoader {
  public:
   CMyDrawLoad();
@@ -31,6 +37,15 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   void EndGroup(PARSE::Context context) override;
   void SetPage(const PARSE::PageRect* rect, PARSE::Context context) override;
   void SetMachineInfo(const PARSE::MachineInfo* record, PARSE::Context context) override;
+  bool AddLine(Entity_ZR::ZR_Line* entity, PARSE::Context context) override;
+  bool AddPolyline(Entity_ZR::ZR_Polyline* entity, PARSE::Context context) override;
+  bool AddLWPolyline(Entity_ZR::ZR_LWPolyline* entity, PARSE::Context context) override;
+  bool AddCircle(Entity_ZR::ZR_Circle* entity, PARSE::Context context) override;
+  bool AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context context) override;
+  bool AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context context) override;
+  bool AddInsert(Entity_ZR::ZR_Insert* entity, PARSE::Context context) override;
+  bool AddHatch(Entity_ZR::ZR_Hatch* entity, PARSE::Context context) override;
+  bool AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context context) override;
 
   /// The walk: the first and the next result, or null at the end of the list.
   CFileDraw* FirstResult();
@@ -59,8 +74,32 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   std::uint32_t resultCount = 0;
 
  private:
+  /// Colour of a result: that of the entity, without its opacity.
+  static std::uint32_t ResultColor(const Entity_ZR::ZR_Entity& entity) { return entity.color & 0x00FFFFFFu; }
+
+  /// The way of the entity's points to the result, under the frames and the page as they are now.
+  CoordinateChain ChainOf(const Entity_ZR::ZR_Entity& entity) const;
+
   /// Appends a finished object to the innermost frame's group, or to the results.
-  void AddResult(CFileDraw* object);
+  void AddResult(OwnedObject object);
+  /// Moves all members of `group`, in order, to the results.
+  void MoveToResults(CFileGroup& group);
+
+  /// An empty curve for a line, a circle or an ellipse, with its colour and processing block.
+  OwnedCurve NewShapeCurve(const Entity_ZR::ZR_Entity& entity) const;
+  /// One curve of the Bezier sections of `points`, four points each; false where there are none.
+  bool AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector<Entity_ZR::Point3>& points);
+
+  void AddHatchEdge(const Entity_ZR::HatchEdge& edge);
+
+  /// True while curves of paths wait in `textGroup`, not in `pathGroup`, when no frame is open.
+  bool CollectsText() const { return textMode == 1 && textGroup != nullptr; }
+  /// An empty curve for one subpath, with its processing block.
+  OwnedCurve NewPathCurve(const Entity_ZR::ZR_Entity& entity) const;
+  /// Where the finished curves of a path wait.
+  CFileGroup& PathHolder();
+  /// Adds the last curve of a path, and hands out what waited for it.
+  void FinishPath(OwnedCurve lastCurve);
 };
 
 #endif

@@ -29,6 +29,14 @@ constexpr std::size_t kPictureSlackBytes = std::size_t{16} << 20;
 /// Scans of one JPEG picture. Progressive pictures have about ten; each one costs a pass over all pixels.
 constexpr std::size_t kJpegScans = 100;
 
+/// Whole turns between the two angles of an arc. Each quarter turn becomes a segment, so a file of a few
+/// bytes could ask for endless ones; real arcs stay within one turn.
+constexpr int kArcTurns = 1000;
+
+/// Size of an arc's angle, in radians. Beyond it a 64-bit float is too coarse to say a direction, and a
+/// quarter turn added to it may change nothing.
+constexpr double kArcAngle = 1e15;
+
 }  // namespace support::limits
 
 #endif

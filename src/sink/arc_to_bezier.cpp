@@ -1,0 +1,114 @@
+#include "sink/arc_to_bezier.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "support/limits.h"
+
+namespace {
+
+using Entity_ZR::Point3;
+
+constexpr double kFullTurn = 2.0 * std::numbers::pi;
+constexpr double kQuarterTurn = std::numbers::pi / 2.0;
+constexpr double kSmallestRadius = 0.01;
+constexpr double kAngleTolerance = 0.0001;
+
+bool AnglesAreUsable(double startAngle, double endAngle) {
+  // Written so that a NaN is refused as well.
+  return std::fabs(startAngle) <= support::limits::kArcAngle &&
+         std::fabs(endAngle) <= support::limits::kArcAngle &&
+         std::fabs(endAngle - startAngle) <= support::limits::kArcTurns * kFullTurn;
+}
+
+/// `endAngle` brought behind `startAngle` in the arc's direction by whole turns. Equal angles: one turn.
+double NormalisedEnd(bool reversed, double startAngle, double endAngle) {
+  if (reversed) {
+    while (endAngle > startAngle || std::fabs(endAngle - startAngle) < kAngleTolerance) endAngle -= kFullTurn;
+  } else {
+    while (endAngle < startAngle || std::fabs(endAngle - startAngle) < kAngleTolerance) endAngle += kFullTurn;
+  }
+  return endAngle;
+}
+
+/// Where one section ends and the next begins: the ellipse parameter with its point and tangent.
+struct Knot {
+  double parameter;
+  Point3 point;
+  Point3 tangent;
+};
+
+class Ellipse {
+ public:
+  Ellipse(Point3 middle, double radiusX, double radiusY, double rotation)
+      : center(middle),
+        rx(radiusX),
+        ry(radiusY),
+        rxCosine(std::cos(rotation) * rx),
+        rxSine(std::sin(rotation) * rx),
+        ryCosine(std::cos(rotation) * ry),
+        rySine(std::sin(rotation) * ry) {}
+
+  Knot KnotAt(double angle) const {
+    const double e = std::atan2(std::sin(angle) * rx, std::cos(angle) * ry);
+    const double cosine = std::cos(e);
+    const double sine = std::sin(e);
+    return {e,
+            {rxCosine * cosine + center.x - rySine * sine, rxSine * cosine + center.y + ryCosine * sine, 0.0},
+            {-rxCosine * sine - rySine * cosine, ryCosine * cosine - rxSine * sine, 0.0}};
+  }
+
+ private:
+  Point3 center;
+  double rx;
+  double ry;
+  double rxCosine;
+  double rxSine;
+  double ryCosine;
+  double rySine;
+};
+
+/// How far the control points of a section lie along its end tangents. Negative for a reversed arc.
+double HandleLength(bool reversed, const Knot& first, const Knot& second) {
+  double sweep = std::fabs(second.parameter - first.parameter);
+  sweep = std::min(sweep, kFullTurn - sweep);
+  if (reversed) sweep = -sweep;
+  const double half = sweep / 2.0;
+  // Both ends of a section can fall on one parameter of a very flat ellipse; the limit of the formula is 0.
+  if (half == 0.0) return 0.0;
+  return (1.0 - std::cos(half)) * (4.0 / 3.0) / std::sin(half);
+}
+
+void AppendSection(std::vector<Point3>& points, const Knot& first, const Knot& second, double k) {
+  points.push_back(first.point);
+  points.push_back({first.point.x + k * first.tangent.x, first.point.y + k * first.tangent.y, 0.0});
+  points.push_back({second.point.x - k * second.tangent.x, second.point.y - k * second.tangent.y, 0.0});
+  points.push_back(second.point);
+}
+
+}  // namespace
+
+std::vector<Point3> ArcToBezier(bool reversed, Point3 center, double ry, double rotation, double startAngle,
+                                double endAngle, double rx) {
+  std::vector<Point3> points;
+  if (!AnglesAreUsable(startAngle, endAngle)) return points;
+  if (rx < kSmallestRadius) rx = kSmallestRadius;
+  if (ry < kSmallestRadius) ry = kSmallestRadius;
+  endAngle = NormalisedEnd(reversed, startAngle, endAngle);
+  points.reserve(4 * static_cast<std::size_t>(std::fabs(endAngle - startAngle) / kQuarterTurn + 2.0));
+  const Ellipse ellipse(center, rx, ry, rotation);
+  const double step = reversed ? -kQuarterTurn : kQuarterTurn;
+  double angle = startAngle;
+  Knot first = ellipse.KnotAt(angle);
+  do {
+    double next = angle + step;
+    if (std::fabs(next) < kAngleTolerance) next = 0.0;
+    next = reversed ? std::max(next, endAngle) : std::min(next, endAngle);
+    const Knot second = ellipse.KnotAt(next);
+    AppendSection(points, first, second, HandleLength(reversed, first, second));
+    first = second;
+    angle = next;
+  } while (std::fabs(angle - endAngle) > kAngleTolerance);
+  return points;
+}

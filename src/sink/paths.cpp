@@ -1,0 +1,91 @@
+// Paths: one curve for each subpath.
+#include "entity/path.h"
+#include "result/member_list.h"
+#include "result/processing_block.h"
+#include "result/segment_list.h"
+#include "sink/my_draw_load.h"
+#include "sink/parameters.h"
+
+namespace {
+
+using Entity_ZR::PathSegment;
+using Entity_ZR::Point3;
+
+/// Appends one drawn segment to `curve`; false for a type that draws nothing.
+/// Kept: control points are mapped by the path's matrix in its own record, and the control point of a
+/// quadratic curve serves as both controls of the cubic.
+bool AppendSegment(CFileCurve& curve, const CoordinateChain& chain, const Matrix2D& matrix, Point3 from,
+                   PathSegment& segment) {
+  switch (segment.type) {
+    case Entity_ZR::kLineTo: AppendLine(curve, chain.Place(from), chain.Place(segment.end)); return true;
+    case Entity_ZR::kQuadTo: {
+      segment.control1 = matrix.Apply(segment.control1);
+      const FilePosition control = chain.PlaceDocumentPoint(segment.control1);
+      AppendCubic(curve, chain.Place(from), control, control, chain.Place(segment.end));
+      return true;
+    }
+    case Entity_ZR::kCubicTo:
+      segment.control1 = matrix.Apply(segment.control1);
+      segment.control2 = matrix.Apply(segment.control2);
+      AppendCubic(curve, chain.Place(from), chain.PlaceDocumentPoint(segment.control1),
+                  chain.PlaceDocumentPoint(segment.control2), chain.Place(segment.end));
+      return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+OwnedCurve CMyDrawLoad::NewPathCurve(const Entity_ZR::ZR_Entity& entity) const {
+  OwnedCurve curve(new CFileCurve);
+  if (!entity.attributes.empty()) {
+    ApplyCurveParameters(entity.attributes, *curve);
+  } else if (groupDepth != 0) {
+    CopyProcessingBlock(*frames.back()->group, *curve);
+  }
+  return curve;
+}
+
+CFileGroup& CMyDrawLoad::PathHolder() {
+  if (groupDepth != 0) return *frames.back()->group;
+  return CollectsText() ? *textGroup : *pathGroup;
+}
+
+void CMyDrawLoad::FinishPath(OwnedCurve lastCurve) {
+  const bool collectsText = CollectsText();
+  if (groupDepth == 0 && collectsText) CopyProcessingBlock(*lastCurve, *textGroup);
+  AppendMember(PathHolder(), std::move(lastCurve));
+  if (groupDepth != 0) return;
+  if (!collectsText) {
+    MoveToResults(*pathGroup);
+    pathGroup.reset();
+  } else if (textLast != 0) {
+    MoveToResults(*textGroup);
+    textGroup.reset();
+    textMode = 0;
+  }
+}
+
+bool CMyDrawLoad::AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) {
+  if (!entity->IsShown()) return false;
+  if (groupDepth == 0 && !CollectsText()) pathGroup = std::make_unique<CFileGroup>();
+  const CoordinateChain chain = ChainOf(*entity);
+  OwnedCurve curve = NewPathCurve(*entity);
+  Point3 current;
+  for (PathSegment& segment : entity->segments) {
+    if (segment.type == Entity_ZR::kMoveTo) {
+      if (curve->segmentCount != 0) {
+        AppendMember(PathHolder(), std::move(curve));
+        curve = NewPathCurve(*entity);
+      }
+    } else if (AppendSegment(*curve, chain, entity->matrix, current, segment)) {
+      curve->color = ResultColor(*entity);
+    } else {
+      continue;
+    }
+    current = segment.end;
+  }
+  // Kept: a path that ends in a move leaves the curves before it in the group, which the next one replaces.
+  if (curve->segmentCount != 0) FinishPath(std::move(curve));
+  return true;
+}
