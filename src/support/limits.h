@@ -37,6 +37,27 @@ constexpr int kArcTurns = 1000;
 /// quarter turn added to it may change nothing.
 constexpr double kArcAngle = 1e15;
 
+/// Bytes that the reading of a PDF file may take from the file, decode and rewrite in all: a base that lets
+/// small, highly compressed files through (a page of a million segments is 25 MB of text), and so much for
+/// each byte of the file. Files whose objects overlap or refer to each other over and over would need far
+/// more.
+constexpr std::uint64_t kPdfWorkBase = std::uint64_t{256} << 20;
+constexpr std::uint64_t kPdfWorkPerByte = 64;
+
+/// Object texts that are kept for the next fetch. Beyond it they are dropped and read again when needed.
+constexpr std::size_t kPdfKeptObjectBytes = std::size_t{64} << 20;
+
+/// Cross-reference sections of one PDF file and how deep /Prev leads: each save adds one section, and each
+/// level costs stack.
+constexpr int kPdfXrefSections = 4096;
+constexpr int kPdfXrefDepth = 512;
+
+/// Nesting of PDF stitching functions. Real ones nest once or twice.
+constexpr int kPdfFunctionDepth = 16;
+
+/// Attempts to inflate one PDF stream that zlib calls corrupt; each one writes its note.
+constexpr int kPdfFlateTries = 3;
+
 }  // namespace support::limits
 
 #endif

@@ -1,0 +1,77 @@
+#ifndef DRAWLOAD_PDF_FILE_READER_H
+#define DRAWLOAD_PDF_FILE_READER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "pdf/notes.h"
+#include "pdf/object_text.h"
+#include "pdf/work_budget.h"
+
+namespace pdf {
+
+/// The normalised text of an object and its tokens.
+struct PdfObject {
+  explicit PdfObject(std::string_view rawText);
+  PdfObject(const PdfObject&) = delete;
+  PdfObject& operator=(const PdfObject&) = delete;
+
+  std::string text;
+  PdfTokens tokens;  ///< views into `text`
+};
+
+/// The file's bytes and what the last read left behind. Shared by the whole document: whoever needs an
+/// object's stream keeps a copy of `stream` (a view into the file, valid as long as it) before any further
+/// fetch.
+class PdfFileReader {
+ public:
+  /// `fileBytes` must outlive the reader.
+  explicit PdfFileReader(std::string_view fileBytes) : budget(fileBytes.size()), file(fileBytes) {}
+
+  /// Goes to `target`, which may lie behind the end. A negative place leaves the position where it is.
+  void Seek(std::int64_t target);
+
+  /// Reads from the position on through `terminator`, or to the end of the file. Where the word "stream" is
+  /// found, `text` ends one byte behind it, and `stream` holds what follows the line ends behind it, down to
+  /// the terminator; otherwise all is `text`. Behind the end of the file, and where the budget is used up,
+  /// both are empty. Kept: the byte that breaks a match of the terminator is not tried as its first one
+  /// again.
+  void ReadUntil(std::string_view terminator);
+
+  /// From the first "startxref" in the 256 bytes from `target` on, carriage returns as line feeds.
+  std::string ReadTail(std::int64_t target);
+
+  /// The object at `offset`, read up to its "endobj". A negative offset reads from the position.
+  std::shared_ptr<const PdfObject> ReadObject(std::int64_t offset);
+
+  std::string_view text;
+  std::string_view stream;
+  bool hasStream = false;  ///< set by the first read that finds the word "stream", never cleared
+  PdfNotes notes;
+  PdfWorkBudget budget;
+
+ private:
+  /// What reading one object left behind, for the next time that it is asked for.
+  struct ReadResult {
+    std::shared_ptr<const PdfObject> object;
+    std::string_view text;
+    std::string_view stream;
+    std::size_t end = 0;
+  };
+
+  std::size_t FindEnd(std::string_view terminator) const;
+  void Keep(std::int64_t offset, const std::shared_ptr<const PdfObject>& object);
+
+  std::string_view file;
+  std::size_t position = 0;
+  std::unordered_map<std::int64_t, ReadResult> kept;
+  std::size_t keptBytes = 0;
+};
+
+}  // namespace pdf
+
+#endif

@@ -1,0 +1,44 @@
+#ifndef DRAWLOAD_PDF_XREF_SECTION_H
+#define DRAWLOAD_PDF_XREF_SECTION_H
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "pdf/file_reader.h"
+
+namespace pdf {
+
+/// Where an object lies. Kept: neither the generation nor the free flag keeps an object from being read.
+struct PdfXrefEntry {
+  std::int32_t offset = 0;  ///< in the file, bytes; 0 for an object that no section knows
+  std::int32_t generation = 0;
+  bool inObjectStream = false;
+  bool free = false;
+};
+
+/// An object in an object stream: its text as it stands there.
+struct PdfStreamedObject {
+  std::string_view rawText;
+  std::shared_ptr<const PdfObject> object;  ///< made at the first fetch
+};
+
+/// The cross-reference sections of a file, merged: older sections are read first, and the later entry wins.
+struct PdfXrefSection {
+  std::unordered_map<std::uint32_t, PdfXrefEntry> entries;
+  std::unordered_map<std::uint32_t, PdfStreamedObject> streamedObjects;
+  std::deque<std::string> objectStreams;  ///< decoded; what the raw texts are views into
+};
+
+/// The object with this number (taken as 32 bits without sign), never null. An object of the file also leaves
+/// its stream in `reader.stream`; one from an object stream leaves there what the read before left. An
+/// unknown number reads the first object of the file. Throws nothing but what memory does.
+std::shared_ptr<const PdfObject> FetchObject(PdfFileReader& reader, PdfXrefSection& section,
+                                             std::int32_t objectNumber);
+
+}  // namespace pdf
+
+#endif
