@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "job.h"
+#include "picture.h"
 
 /// Exit statuses of the program.
 enum ExitStatus : int {
@@ -15,6 +16,7 @@ enum ExitStatus : int {
 
 struct InfoOptions {
   std::vector<std::string> inputs;
+  bool json = false;
   LibraryNotes notes = LibraryNotes::kHidden;
 };
 
@@ -25,6 +27,7 @@ struct ConvertOptions {
   std::string input;
   std::string output;
   bool replace = false;
+  PictureSize pictureSize;
   LibraryNotes notes = LibraryNotes::kHidden;
 };
 

@@ -1,22 +1,43 @@
 #include <stdexcept>
 
 #include "commands.h"
+#include "html_writer.h"
+#include "json_writer.h"
 #include "messages.h"
 #include "output_file.h"
 #include "svg_writer.h"
 
 namespace {
 
-bool EndsWith(const std::string& text, const std::string& ending) {
-  return text.size() >= ending.size() &&
-         text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
+enum class OutputFormat { kUnknown, kSvg, kPng, kHtml, kJson };
+
+OutputFormat FormatOf(const std::string& path) {
+  const std::string ending = path.substr(std::min(path.rfind('.'), path.size()));
+  if (ending == ".svg") return OutputFormat::kSvg;
+  if (ending == ".png") return OutputFormat::kPng;
+  if (ending == ".html") return OutputFormat::kHtml;
+  if (ending == ".json") return OutputFormat::kJson;
+  return OutputFormat::kUnknown;
+}
+
+std::string Convert(const Job& job, const ConvertOptions& options, std::vector<std::string>& warnings) {
+  switch (FormatOf(options.output)) {
+    case OutputFormat::kPng: return DrawPng(job, options.pictureSize);
+    case OutputFormat::kHtml: return WriteHtml(job);
+    case OutputFormat::kJson: return JobJson(job);
+    default: break;
+  }
+  SvgText svg = WriteSvg(job);
+  warnings = std::move(svg.warnings);
+  return std::move(svg.text);
 }
 
 }  // namespace
 
 int RunConvert(const ConvertOptions& options) {
-  if (!EndsWith(options.output, ".svg")) {
-    Complain("cannot tell the format of '" + options.output + "': end its name in .svg");
+  if (FormatOf(options.output) == OutputFormat::kUnknown) {
+    Complain("cannot tell the format of '" + options.output +
+             "': end its name in .svg, .png, .html or .json");
     return kWrongUsage;
   }
   const Job job = LoadJob(options.input, options.notes);
@@ -29,9 +50,9 @@ int RunConvert(const ConvertOptions& options) {
              " results with coordinates that are not finite are left out");
   }
   try {
-    const SvgText svg = WriteSvg(job);
-    WriteOutputFile(options.output, svg.text, options.replace);
-    for (const std::string& warning : svg.warnings) Complain("warning: '" + options.output + "': " + warning);
+    std::vector<std::string> warnings;
+    WriteOutputFile(options.output, Convert(job, options, warnings), options.replace);
+    for (const std::string& warning : warnings) Complain("warning: '" + options.output + "': " + warning);
   } catch (const std::runtime_error& error) {
     Complain(error.what());
     return kNothingRead;

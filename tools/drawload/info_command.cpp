@@ -1,20 +1,28 @@
 #include <cstdio>
 
 #include "commands.h"
+#include "json_writer.h"
 #include "messages.h"
 #include "summary.h"
 
 int RunInfo(const InfoOptions& options) {
   int status = kDone;
+  std::vector<Summary> summaries;
   for (const std::string& input : options.inputs) {
     const Job job = LoadJob(input, options.notes);
     if (job.results.empty() && job.dropped == 0) {
       Complain(WhyNothingRead(input));
       status = kNothingRead;
-      continue;
+      if (!options.json) continue;
     }
-    std::fputs(SummaryText(Summarize(job)).c_str(), stdout);
+    const Summary summary = Summarize(job);
+    if (options.json) {
+      summaries.push_back(summary);
+    } else {
+      std::fputs(SummaryText(summary).c_str(), stdout);
+    }
   }
+  if (options.json) std::fputs(SummariesJson(summaries).c_str(), stdout);
   if (std::fflush(stdout) == 0) return status;
   Complain("cannot write to standard output");
   return kNothingRead;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
+#include "colors.h"
 #include "geometry.h"
 #include "png_image.h"
 
@@ -17,25 +17,6 @@ std::string Number(double value) {
 }
 
 std::string Number(std::int32_t value) { return std::to_string(value); }
-
-double LuminanceOf(std::uint32_t color) {
-  return (0.299 * (color >> 16 & 0xFF) + 0.587 * (color >> 8 & 0xFF) + 0.114 * (color & 0xFF)) / 255.0;
-}
-
-/// A page colour on which all curves can be seen; null where the viewer's own white page does. DXF drawings
-/// are white on black by custom.
-const char* PageColorFor(const Job& job) {
-  bool pale = false;
-  bool dark = false;
-  for (const Result& result : job.results) {
-    const auto* curve = std::get_if<Curve>(&result);
-    if (curve == nullptr) continue;
-    pale = pale || LuminanceOf(curve->color) > 0.8;
-    dark = dark || LuminanceOf(curve->color) < 0.25;
-  }
-  if (!pale) return nullptr;
-  return dark ? "#8c8c8c" : "#202428";
-}
 
 /// Writes the elements of one document, whose page runs from y = `pageHeight` down to 0.
 class SvgPage {
@@ -61,7 +42,7 @@ class SvgPage {
   void AddDensity(double step);
 
   Box box;
-  const char* pageColor;
+  std::uint32_t pageColor;
   double pageHeight = 0.0;
   double strokeWidth = 0.0;
   std::string& out;
@@ -81,10 +62,11 @@ void SvgPage::Begin() {
       "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"" +
       Number(width) + "mm\" height=\"" + Number(pageHeight) + "mm\" viewBox=\"" + Number(box.minX) + " " +
       Number(pageHeight - box.maxY) + " " + Number(width) + " " + Number(pageHeight) + "\">\n";
-  if (pageColor == nullptr) return;
+  if (pageColor == kWhitePage) return;
   // Viewers draw the first child of a switch; drawload reads nothing inside one, so the page is never cut.
   out += "<switch><rect x=\"" + Number(box.minX) + "\" y=\"" + Number(pageHeight - box.maxY) + "\" width=\"" +
-         Number(width) + "\" height=\"" + Number(pageHeight) + "\" fill=\"" + pageColor + "\"/></switch>\n";
+         Number(width) + "\" height=\"" + Number(pageHeight) + "\" fill=\"" + ColorText(pageColor) +
+         "\"/></switch>\n";
 }
 
 void SvgPage::AddDensity(double step) {
@@ -119,10 +101,7 @@ void SvgPage::Add(const Curve& curve) {
     ++emptyCurves;
     return;
   }
-  char color[8];
-  std::snprintf(color, sizeof color, "#%06x", curve.color & 0xFFFFFF);
-  out += "<path fill=\"none\" stroke=\"";
-  out += color;
+  out += "<path fill=\"none\" stroke=\"" + ColorText(curve.color);
   out += "\" stroke-width=\"" + Number(strokeWidth) + "\"";
   // The reader starts from frequency 1 as soon as an element has any setting, and from 0 where it has none.
   if (curve.settings != Settings{}) {

@@ -1,0 +1,415 @@
+'use strict';
+// One job as drawload read it: results in the order of work, in millimetres, y up. A curve's `path` is a flat
+// list of segments: [0, x1, y1, x2, y2] for a line, [3, x1, y1, cx1, cy1, cx2, cy2, x2, y2] for a cubic Bezier.
+const job = JSON.parse(document.getElementById('job').textContent);
+const byId = (id) => document.getElementById(id);
+const canvas = byId('view');
+const pen = canvas.getContext('2d');
+
+// ---- the job as pieces: runs of segments that are drawn at once -------------------------------------------
+const PIECE_SEGMENTS = 500;
+const pieces = [];    // {result, path: Path2D, from, to (distance along the job), at: first segment, end}
+const segments = [];  // {result, values, from, to}
+const travels = [];   // {x1, y1, x2, y2, at (distance along the job)}
+let total = 0;
+
+function cubicAt(v, t) {
+  const u = 1 - t, a = u * u * u, b = 3 * u * u * t, c = 3 * u * t * t, d = t * t * t;
+  return [a * v[1] + b * v[3] + c * v[5] + d * v[7], a * v[2] + b * v[4] + c * v[6] + d * v[8]];
+}
+
+function pointsOf(v) {
+  if (v[0] === 0) return [[v[1], v[2]], [v[3], v[4]]];
+  const points = [];
+  for (let i = 0; i <= 16; ++i) points.push(cubicAt(v, i / 16));
+  return points;
+}
+
+function lengthOf(v) {
+  const points = pointsOf(v);
+  let sum = 0;
+  for (let i = 1; i < points.length; ++i) sum += Math.hypot(points[i][0] - points[i - 1][0], points[i][1] - points[i - 1][1]);
+  return sum;
+}
+
+function addSegment(path, v) {
+  path.moveTo(v[1], v[2]);
+  if (v[0] === 0) path.lineTo(v[3], v[4]);
+  else path.bezierCurveTo(v[3], v[4], v[5], v[6], v[7], v[8]);
+}
+
+function cutIntoPieces() {
+  let head = null;
+  const noteTravel = (x, y) => {
+    if (head && (head[0] !== x || head[1] !== y)) travels.push({x1: head[0], y1: head[1], x2: x, y2: y, at: total});
+  };
+  for (const result of job.results) {
+    if (result.kind === 'bitmap') {
+      const [a, b, c, d, e, f] = result.matrix;
+      noteTravel(e, f);
+      pieces.push({result, from: total, to: total, at: segments.length, end: segments.length});
+      head = [a * result.width + c * result.height + e, b * result.width + d * result.height + f];
+      continue;
+    }
+    const p = result.path;
+    let piece = null;
+    for (let i = 0; i < p.length;) {
+      const size = p[i] === 0 ? 5 : 9;
+      const values = p.slice(i, i + size);
+      if (!head || head[0] !== values[1] || head[1] !== values[2]) noteTravel(values[1], values[2]);
+      if (!piece || segments.length - piece.at >= PIECE_SEGMENTS) {
+        piece = {result, path: new Path2D(), from: total, to: total, at: segments.length, end: segments.length};
+        pieces.push(piece);
+      }
+      const length = lengthOf(values);
+      segments.push({result, values, from: total, to: total + length});
+      total += length;
+      addSegment(piece.path, values);
+      piece.to = total;
+      piece.end = segments.length;
+      head = [values[size - 2], values[size - 1]];
+      i += size;
+    }
+  }
+}
+
+// ---- layers ------------------------------------------------------------------------------------------------
+let hidden = new Set();
+let by = 'color';
+const layerOf = (result) => (by === 'color' ? result.color : 'settings ' + (result.settings + 1));
+
+function listLayers() {
+  const lengths = new Map();
+  for (const result of job.results) {
+    const name = layerOf(result);
+    const entry = lengths.get(name) || {length: 0, count: 0, result};
+    entry.length += result.length || 0;
+    entry.count += 1;
+    lengths.set(name, entry);
+  }
+  const list = byId('layers');
+  list.textContent = '';
+  for (const [name, {length, count, result}] of lengths) {
+    const item = document.createElement('li');
+    const label = document.createElement('label');
+    const box = document.createElement('input');
+    box.type = 'checkbox';
+    box.checked = !hidden.has(name);
+    box.dataset.layer = name;
+    box.addEventListener('change', () => {
+      if (box.checked) hidden.delete(name);
+      else hidden.add(name);
+      draw();
+    });
+    const color = document.createElement('i');
+    color.style.background = by === 'color' ? name : 'transparent';
+    const text = document.createElement('span');
+    text.textContent = by === 'color' ? name : describe(job.settings[result.settings]);
+    const size = document.createElement('b');
+    size.textContent = count + ' · ' + length.toFixed(1) + ' mm';
+    label.append(box, color, text, size);
+    item.append(label);
+    list.append(item);
+  }
+}
+
+function describe(settings) {
+  return settings.processType === 0 ? 'cut ' + settings.cutSpeed + ' mm/s, ' + settings.cutPower + ' %'
+    : 'engrave ' + settings.engraveSpeed + ' mm/s, ' + settings.EngMinP + ' to ' + settings.EngMaxP + ' %';
+}
+
+// ---- view: page millimetres to screen pixels ---------------------------------------------------------------
+let scale = 1, shiftX = 0, shiftY = 0, shown = null, done = 1, ratio = 1;
+const toScreen = (x, y) => [x * scale + shiftX, -y * scale + shiftY];
+const toPage = (x, y) => [(x - shiftX) / scale, (shiftY - y) / scale];
+
+function fit() {
+  const box = job.bounds;
+  const width = canvas.clientWidth - 320, height = canvas.clientHeight - 130;
+  scale = Math.min(Math.max(width, 200) / Math.max(box.width, 0.01), Math.max(height, 100) / Math.max(box.height, 0.01));
+  shiftX = 40 + (Math.max(width, 200) - box.width * scale) / 2 - box.minX * scale;
+  shiftY = 40 + (Math.max(height, 100) - box.height * scale) / 2 + box.maxY * scale;
+  draw();
+}
+
+function zoomAt(x, y, factor) {
+  factor = Math.min(Math.max(scale * factor, 1e-4), 1e5) / scale;
+  shiftX = x - (x - shiftX) * factor;
+  shiftY = y - (y - shiftY) * factor;
+  scale *= factor;
+  draw();
+}
+
+const images = new Map();
+function imageOf(result) {
+  if (!images.has(result)) {
+    const image = new Image();
+    image.addEventListener('load', () => draw());
+    image.src = result.png;
+    images.set(result, image);
+  }
+  return images.get(result);
+}
+
+function usePage() { pen.setTransform(scale * ratio, 0, 0, -scale * ratio, shiftX * ratio, shiftY * ratio); }
+
+function drawBitmap(result) {
+  const image = imageOf(result);
+  if (!image.complete || !image.naturalWidth) return;
+  pen.save();
+  pen.transform(...result.matrix);
+  pen.drawImage(image, 0, 0);
+  pen.restore();
+}
+
+function drawPiece(piece, reached) {
+  if (hidden.has(layerOf(piece.result)) || piece.from > reached) return;
+  if (piece.result.kind === 'bitmap') return drawBitmap(piece.result);
+  let path = piece.path;
+  if (piece.to > reached) {
+    path = new Path2D();
+    for (let i = piece.at; i < piece.end && segments[i].to <= reached; ++i) addSegment(path, segments[i].values);
+  }
+  pen.strokeStyle = visible(piece.result.color);
+  pen.lineWidth = (piece.result === shown ? 3 : 1.2) / scale;
+  pen.stroke(path);
+}
+
+// A curve in the page's own colour would be lost.
+function visible(color) {
+  const dark = document.documentElement.dataset.theme === 'dark';
+  const n = parseInt(color.slice(1), 16);
+  const light = 0.299 * (n >> 16) + 0.587 * (n >> 8 & 255) + 0.114 * (n & 255);
+  if (dark && light < 50) return '#9aa4af';
+  if (!dark && light > 225) return '#7b8794';
+  return color;
+}
+
+function drawTravels(reached) {
+  pen.strokeStyle = '#e08a00';
+  pen.setLineDash([4 / scale, 4 / scale]);
+  pen.lineWidth = 0.8 / scale;
+  pen.beginPath();
+  for (const t of travels) {
+    if (t.at > reached) break;
+    pen.moveTo(t.x1, t.y1);
+    pen.lineTo(t.x2, t.y2);
+  }
+  pen.stroke();
+  pen.setLineDash([]);
+}
+
+function drawRuler() {
+  pen.setTransform(ratio, 0, 0, ratio, 0, 0);
+  const style = getComputedStyle(document.documentElement);
+  const width = canvas.clientWidth, height = canvas.clientHeight;
+  const step = [1, 2, 5].map((n) => n * 10 ** Math.floor(Math.log10(60 / scale))).concat(10 ** Math.ceil(Math.log10(60 / scale)))
+    .find((n) => n * scale >= 50) || 10 ** Math.ceil(Math.log10(60 / scale));
+  const text = (n) => String(+n.toPrecision(8));
+  pen.fillStyle = style.getPropertyValue('--panel');
+  pen.fillRect(0, 0, width, 20);
+  pen.fillRect(0, 20, 34, height);
+  pen.fillStyle = pen.strokeStyle = style.getPropertyValue('--ink');
+  pen.lineWidth = 1;
+  pen.font = '10px system-ui, sans-serif';
+  pen.beginPath();
+  const [left, top] = toPage(34, 20), [right, bottom] = toPage(width, height);
+  for (let i = Math.ceil(left / step); i * step <= right; ++i) {
+    const x = Math.round(toScreen(i * step, 0)[0]) + 0.5;
+    pen.moveTo(x, 14);
+    pen.lineTo(x, 20);
+    pen.fillText(text(i * step), x + 2, 10);
+  }
+  for (let i = Math.ceil(bottom / step); i * step <= top; ++i) {
+    const y = Math.round(toScreen(0, i * step)[1]) + 0.5;
+    pen.moveTo(28, y);
+    pen.lineTo(34, y);
+    pen.fillText(text(i * step), 2, y - 2);
+  }
+  pen.stroke();
+  pen.fillText('mm', 4, 10);
+}
+
+let waiting = false;
+function draw() {
+  if (waiting) return;
+  waiting = true;
+  requestAnimationFrame(() => {
+    waiting = false;
+    ratio = window.devicePixelRatio || 1;
+    const width = Math.round(canvas.clientWidth * ratio), height = Math.round(canvas.clientHeight * ratio);
+    if (canvas.width !== width || canvas.height !== height) { canvas.width = width; canvas.height = height; }
+    pen.setTransform(1, 0, 0, 1, 0, 0);
+    pen.clearRect(0, 0, width, height);
+    usePage();
+    pen.lineCap = pen.lineJoin = 'round';
+    const reached = done >= 1 ? Infinity : done * total;
+    for (const piece of pieces) drawPiece(piece, reached);
+    if (byId('travel').checked && done < 1) drawTravels(reached);
+    if (shown && shown.kind === 'curve') for (const piece of pieces) if (piece.result === shown) drawPiece(piece, reached);
+    drawRuler();
+    byId('progress').textContent = (Math.min(done, 1) * total).toFixed(1) + ' of ' + total.toFixed(1) + ' mm';
+  });
+}
+
+// ---- which object lies under the pointer: a grid over the bounds -------------------------------------------
+let grid = null;
+function buildGrid() {
+  const box = job.bounds, cells = 200;
+  const size = Math.max(box.width, box.height, 1e-6) / cells;
+  grid = {size, cells: new Map()};
+  segments.forEach((segment, index) => {
+    const points = pointsOf(segment.values);
+    const seen = new Set();
+    for (let i = 1; i < points.length; ++i) {
+      const [x1, y1] = points[i - 1], [x2, y2] = points[i];
+      const steps = Math.min(Math.ceil(Math.hypot(x2 - x1, y2 - y1) / size * 2), 1000) + 1;
+      for (let s = 0; s <= steps; ++s) {
+        const key = cellKey(x1 + (x2 - x1) * s / steps, y1 + (y2 - y1) * s / steps);
+        if (seen.has(key)) continue;
+        seen.add(key);
+        if (!grid.cells.has(key)) grid.cells.set(key, []);
+        grid.cells.get(key).push(index);
+      }
+    }
+  });
+}
+const cellKey = (x, y) => Math.floor((x - job.bounds.minX) / grid.size) * 100003 + Math.floor((y - job.bounds.minY) / grid.size);
+
+function distanceTo(segment, x, y) {
+  const points = pointsOf(segment.values);
+  let best = Infinity;
+  for (let i = 1; i < points.length; ++i) {
+    const [ax, ay] = points[i - 1], dx = points[i][0] - ax, dy = points[i][1] - ay;
+    const t = Math.min(Math.max(((x - ax) * dx + (y - ay) * dy) / (dx * dx + dy * dy || 1), 0), 1);
+    best = Math.min(best, Math.hypot(ax + t * dx - x, ay + t * dy - y));
+  }
+  return best;
+}
+
+function objectAt(screenX, screenY) {
+  if (!grid) buildGrid();
+  const [x, y] = toPage(screenX, screenY), reach = 6 / scale;
+  const span = Math.min(Math.ceil(reach / grid.size), 20);
+  let best = reach, found = null;
+  for (let i = -span; i <= span; ++i) {
+    for (let j = -span; j <= span; ++j) {
+      for (const index of grid.cells.get(cellKey(x + i * grid.size, y + j * grid.size)) || []) {
+        const segment = segments[index];
+        if (hidden.has(layerOf(segment.result))) continue;
+        const distance = distanceTo(segment, x, y);
+        if (distance <= best) { best = distance; found = segment.result; }
+      }
+    }
+  }
+  return found || job.results.find((r) => r.kind === 'bitmap' && !hidden.has(layerOf(r)) && holds(r, x, y)) || null;
+}
+
+function holds(bitmap, x, y) {
+  const [a, b, c, d, e, f] = bitmap.matrix, det = a * d - b * c;
+  const u = (d * (x - e) - c * (y - f)) / det, v = (a * (y - f) - b * (x - e)) / det;
+  return u >= 0 && v >= 0 && u <= bitmap.width && v <= bitmap.height;
+}
+
+let picked = null;
+function show(result) {
+  if (result === shown) return;
+  shown = result;
+  const list = byId('object');
+  list.textContent = '';
+  if (result) {
+    const rows = [['object', result.kind + ' ' + (job.results.indexOf(result) + 1) + ' of ' + job.results.length]];
+    if (result.kind === 'curve') rows.push(['length', result.length.toFixed(3) + ' mm'], ['segments', result.segments], ['colour', result.color]);
+    else rows.push(['pixels', result.width + ' × ' + result.height]);
+    for (const [key, value] of Object.entries(job.settings[result.settings])) rows.push([key, value]);
+    for (const [key, value] of rows) {
+      const term = document.createElement('dt'), data = document.createElement('dd');
+      term.textContent = key;
+      data.textContent = value;
+      list.append(term, data);
+    }
+  }
+  draw();
+}
+
+// ---- mouse, wheel, touch, keys -----------------------------------------------------------------------------
+const fingers = new Map();
+let moved = false;
+canvas.addEventListener('pointerdown', (event) => {
+  canvas.setPointerCapture(event.pointerId);
+  fingers.set(event.pointerId, [event.offsetX, event.offsetY]);
+  moved = false;
+});
+canvas.addEventListener('pointermove', (event) => {
+  const before = fingers.get(event.pointerId), now = [event.offsetX, event.offsetY];
+  if (!before) { if (!picked) show(objectAt(...now)); return; }
+  if (Math.hypot(now[0] - before[0], now[1] - before[1]) > 2) moved = true;
+  if (!moved) return;
+  const other = [...fingers].find(([id]) => id !== event.pointerId);
+  if (other) {
+    const spread = (p) => Math.hypot(p[0] - other[1][0], p[1] - other[1][1]) || 1;
+    zoomAt((now[0] + other[1][0]) / 2, (now[1] + other[1][1]) / 2, spread(now) / spread(before));
+  } else {
+    shiftX += now[0] - before[0];
+    shiftY += now[1] - before[1];
+    draw();
+  }
+  fingers.set(event.pointerId, now);
+});
+canvas.addEventListener('pointerup', (event) => {
+  fingers.delete(event.pointerId);
+  if (moved) return;
+  picked = objectAt(event.offsetX, event.offsetY);
+  show(picked);
+});
+canvas.addEventListener('pointercancel', (event) => fingers.delete(event.pointerId));
+canvas.addEventListener('wheel', (event) => {
+  event.preventDefault();
+  zoomAt(event.offsetX, event.offsetY, Math.exp(-event.deltaY * (event.deltaMode === 1 ? 0.05 : 0.0015)));
+}, {passive: false});
+canvas.addEventListener('keydown', (event) => {
+  const move = {ArrowLeft: [40, 0], ArrowRight: [-40, 0], ArrowUp: [0, 40], ArrowDown: [0, -40]}[event.key];
+  if (move) { shiftX += move[0]; shiftY += move[1]; draw(); }
+  if (event.key === '+' || event.key === '-') zoomAt(canvas.clientWidth / 2, canvas.clientHeight / 2, event.key === '+' ? 1.25 : 0.8);
+  if (event.key === '0') fit();
+});
+
+// ---- order of work -----------------------------------------------------------------------------------------
+let playing = 0;
+function setDone(value) { done = value; byId('slider').value = Math.round(value * 1000); draw(); }
+byId('slider').addEventListener('input', (event) => { playing = 0; byId('play').textContent = 'Play'; done = event.target.value / 1000; draw(); });
+byId('play').addEventListener('click', () => {
+  if (playing) { playing = 0; byId('play').textContent = 'Play'; return; }
+  if (done >= 1) setDone(0);
+  const token = playing = performance.now();
+  byId('play').textContent = 'Pause';
+  let last = token;
+  const step = (now) => {
+    if (playing !== token) return;
+    setDone(Math.min(done + Math.max(now - last, 0) / 10000, 1));
+    last = now;
+    if (done < 1) requestAnimationFrame(step);
+    else { playing = 0; byId('play').textContent = 'Play'; }
+  };
+  requestAnimationFrame(step);
+});
+
+// ---- start -------------------------------------------------------------------------------------------------
+for (const input of document.querySelectorAll('input[name=by]')) {
+  input.addEventListener('change', () => { by = input.value; hidden = new Set(); listLayers(); draw(); });
+}
+byId('fit').addEventListener('click', fit);
+byId('travel').addEventListener('change', draw);
+byId('theme').addEventListener('click', () => {
+  const root = document.documentElement;
+  root.dataset.theme = root.dataset.theme === 'dark' ? 'light' : 'dark';
+  draw();
+});
+document.documentElement.dataset.theme = matchMedia('(prefers-color-scheme: dark)').matches ? 'dark' : 'light';
+window.addEventListener('resize', draw);
+cutIntoPieces();
+byId('title').textContent = job.name;
+byId('facts').textContent = job.results.length + ' results, ' + job.bounds.width.toFixed(2) + ' × ' + job.bounds.height.toFixed(2) +
+  ' mm, cut ' + job.cutLength.toFixed(1) + ' mm, travel ' + job.travelLength.toFixed(1) + ' mm';
+listLayers();
+fit();
