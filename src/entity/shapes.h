@@ -31,8 +31,8 @@ class ZR_Circle : public ZR_Entity {
 class ZR_Arc : public ZR_Entity {
  public:
   ZR_Arc() : ZR_Entity(kArc) {}
-  /// The arc between two points with the bulge (tangent of a quarter of its sweep, positive to the left of
-  /// the way) that stands at the first of them. A bulge below 0.0001 is no arc: all fields stay zero.
+  /// The arc between two points with the bulge that stands at the first of them: the tangent of a quarter
+  /// of its sweep, positive for counter-clockwise. A bulge below 0.0001 is no arc: all fields stay zero.
   ZR_Arc(Point3 from, double bulge, Point3 to);
 
   Point3 center;
