@@ -34,4 +34,24 @@ struct ConvertOptions {
 /// Writes the results of the input in the format that the output's extension names.
 int RunConvert(const ConvertOptions& options);
 
+struct ViewOptions {
+  std::string input;
+  LibraryNotes notes = LibraryNotes::kHidden;
+};
+
+/// Writes the viewer page to a temporary file, prints its name and opens it in the user's browser.
+int RunView(const ViewOptions& options);
+
+struct BatchOptions {
+  std::vector<std::string> inputs;  ///< files and folders
+  std::string outputFolder;
+  std::string extension;  ///< without a dot
+  std::size_t jobs = 1;
+  double timeout = 60.0;  ///< seconds a file
+  bool resume = false;
+};
+
+/// Converts many drawings, each in a process of its own, and writes a report. Done only where all are ok.
+int RunBatch(const BatchOptions& options);
+
 #endif

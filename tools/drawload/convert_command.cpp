@@ -1,61 +1,73 @@
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <stdexcept>
 
 #include "commands.h"
-#include "html_writer.h"
-#include "json_writer.h"
+#include "conversion.h"
 #include "messages.h"
 #include "output_file.h"
-#include "svg_writer.h"
 
 namespace {
 
-enum class OutputFormat { kUnknown, kSvg, kPng, kHtml, kJson };
-
-OutputFormat FormatOf(const std::string& path) {
-  const std::string ending = path.substr(std::min(path.rfind('.'), path.size()));
-  if (ending == ".svg") return OutputFormat::kSvg;
-  if (ending == ".png") return OutputFormat::kPng;
-  if (ending == ".html") return OutputFormat::kHtml;
-  if (ending == ".json") return OutputFormat::kJson;
-  return OutputFormat::kUnknown;
-}
-
-std::string Convert(const Job& job, const ConvertOptions& options, std::vector<std::string>& warnings) {
-  switch (FormatOf(options.output)) {
-    case OutputFormat::kPng: return DrawPng(job, options.pictureSize);
-    case OutputFormat::kHtml: return WriteHtml(job);
-    case OutputFormat::kJson: return JobJson(job);
-    default: break;
+/// Loads `input`; complains where nothing could be read or where something is left out.
+std::optional<Job> LoadOrComplain(const std::string& input, LibraryNotes notes) {
+  Job job = LoadJob(input, notes);
+  if (job.results.empty() && job.dropped == 0) {
+    Complain(WhyNothingRead(input));
+    return std::nullopt;
   }
-  SvgText svg = WriteSvg(job);
-  warnings = std::move(svg.warnings);
-  return std::move(svg.text);
+  if (job.dropped > 0) {
+    Complain("warning: '" + input + "': " + std::to_string(job.dropped) +
+             " results with coordinates that are not finite are left out");
+  }
+  return job;
 }
 
 }  // namespace
 
 int RunConvert(const ConvertOptions& options) {
-  if (FormatOf(options.output) == OutputFormat::kUnknown) {
+  const std::optional<OutputFormat> format = FormatOfName(options.output);
+  if (!format) {
     Complain("cannot tell the format of '" + options.output +
              "': end its name in .svg, .png, .html or .json");
     return kWrongUsage;
   }
-  const Job job = LoadJob(options.input, options.notes);
-  if (job.results.empty() && job.dropped == 0) {
-    Complain(WhyNothingRead(options.input));
-    return kNothingRead;
-  }
-  if (job.dropped > 0) {
-    Complain("warning: '" + options.input + "': " + std::to_string(job.dropped) +
-             " results with coordinates that are not finite are left out");
-  }
+  const std::optional<Job> job = LoadOrComplain(options.input, options.notes);
+  if (!job) return kNothingRead;
   try {
-    std::vector<std::string> warnings;
-    WriteOutputFile(options.output, Convert(job, options, warnings), options.replace);
-    for (const std::string& warning : warnings) Complain("warning: '" + options.output + "': " + warning);
+    const Conversion conversion = ConvertJob(*job, *format, options.pictureSize);
+    WriteOutputFile(options.output, conversion.bytes, options.replace);
+    for (const std::string& warning : conversion.warnings)
+      Complain("warning: '" + options.output + "': " + warning);
   } catch (const std::runtime_error& error) {
     Complain(error.what());
     return kNothingRead;
   }
   return kDone;
+}
+
+int RunView(const ViewOptions& options) {
+  const std::optional<Job> job = LoadOrComplain(options.input, options.notes);
+  if (!job) return kNothingRead;
+  // The browser reads the page after this program has ended, so the folder stays; it is the user's alone.
+  std::string folder = (std::filesystem::temp_directory_path() / "drawload-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) {
+    Complain("cannot make a temporary folder '" + folder + "'");
+    return kNothingRead;
+  }
+  const std::string page = folder + "/view.html";
+  try {
+    WriteOutputFile(page, ConvertJob(*job, OutputFormat::kHtml, {}).bytes, false);
+  } catch (const std::runtime_error& error) {
+    Complain(error.what());
+    return kNothingRead;
+  }
+  std::printf("%s\n", page.c_str());
+  std::fflush(stdout);
+  // The folder's name holds nothing that a shell would take for more than a name, unless TMPDIR does.
+  setenv("DRAWLOAD_PAGE", page.c_str(), 1);
+  if (std::system("xdg-open \"$DRAWLOAD_PAGE\"") == 0) return kDone;
+  Complain("xdg-open did not open '" + page + "'; open it in a browser");
+  return kNothingRead;
 }

@@ -1,5 +1,7 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <string>
+#include <thread>
 
 #include "commands.h"
 #include "messages.h"
@@ -16,7 +18,9 @@ constexpr char kExamples[] =
     "  drawload convert bracket.dxf -o bracket.svg\n"
     "  drawload convert bracket.dxf -o bracket.png --width 800\n"
     "  drawload convert bracket.dxf -o bracket.html   a page that shows the order of work\n"
-    "Exit status: 0 done, 1 nothing could be read or written, 2 wrong usage.";
+    "  drawload view bracket.dxf\n"
+    "  drawload batch drawings/ --out previews --to png --jobs 4\n"
+    "Exit status: 0 done, 1 something could not be read or written, 2 wrong usage.";
 
 LibraryNotes NotesFor(bool verbose) {
   return verbose ? LibraryNotes::kToStandardError : LibraryNotes::kHidden;
@@ -50,10 +54,29 @@ int main(int argc, char** argv) {
       ->add_option("--width", convert.pictureSize.width, "Width of a PNG in pixels, instead of --dpi")
       ->check(CLI::Range(1, 32767));
 
+  ViewOptions view;
+  CLI::App* viewCommand = app.add_subcommand("view", "Open the viewer page of a drawing in the browser");
+  viewCommand->add_option("FILE", view.input, "Drawing to read")->required();
+
+  BatchOptions batch;
+  batch.jobs = std::max(1U, std::thread::hardware_concurrency());
+  CLI::App* batchCommand = app.add_subcommand("batch", "Convert many drawings, each in a process of its own");
+  batchCommand->add_option("INPUT", batch.inputs, "Drawings, and folders that hold some")->required();
+  batchCommand->add_option("--out", batch.outputFolder, "Folder for the outputs and the report")->required();
+  batchCommand->add_option("--to", batch.extension, "Format of the outputs: svg, png, html or json")
+      ->required();
+  batchCommand->add_option("--jobs", batch.jobs, "Files at a time (as many as there are processors)")
+      ->check(CLI::Range(1, 1024));
+  batchCommand->add_option("--timeout", batch.timeout, "Seconds that one file may take (60)")
+      ->check(CLI::Range(0.001, 1e6));
+  batchCommand->add_flag("--resume", batch.resume, "Go on with what the report in the output folder leaves");
+
   try {
     app.parse(argc, argv);
-    info.notes = convert.notes = NotesFor(verbose);
-    return infoCommand->parsed() ? RunInfo(info) : RunConvert(convert);
+    info.notes = convert.notes = view.notes = NotesFor(verbose);
+    if (infoCommand->parsed()) return RunInfo(info);
+    if (convertCommand->parsed()) return RunConvert(convert);
+    return viewCommand->parsed() ? RunView(view) : RunBatch(batch);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kWrongUsage;
   } catch (const std::exception& error) {

@@ -8,6 +8,11 @@
 
 void Complain(const std::string& text) { std::fprintf(stderr, "drawload: %s\n", text.c_str()); }
 
+bool IsReadableFile(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && access(path.c_str(), R_OK) == 0;
+}
+
 std::string WhyNothingRead(const std::string& path) {
   struct stat status = {};
   if (stat(path.c_str(), &status) != 0) return "cannot open '" + path + "': " + std::strerror(errno);

@@ -1,12 +1,10 @@
 #include "output_file.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -18,8 +16,9 @@ namespace {
 /// A file that removes itself unless it is renamed to its place.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::string& targetPath) : target(targetPath), name(targetPath + ".XXXXXX") {
-    descriptor = mkostemp(name.data(), O_CLOEXEC);
+  explicit TemporaryFile(const std::string& targetPath)
+      : target(targetPath), name(UnfinishedName(targetPath, getpid())) {
+    descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) Fail(target, "", errno);
   }
   TemporaryFile(const TemporaryFile&) = delete;
@@ -39,9 +38,6 @@ class TemporaryFile {
   }
 
   void MoveToTarget() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    fchmod(descriptor, 0666 & ~mask);
     const int closed = close(descriptor);
     descriptor = -1;
     if (closed != 0) Fail(target, "", errno);
@@ -57,6 +53,10 @@ class TemporaryFile {
 };
 
 }  // namespace
+
+std::string UnfinishedName(const std::string& path, pid_t process) {
+  return path + ".unfinished-" + std::to_string(process);
+}
 
 void WriteOutputFile(const std::string& path, std::string_view bytes, bool replace) {
   struct stat status = {};

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 
 /// A file that could not be written; `what()` says which, why, and what to do.
 class OutputError : public std::runtime_error {
@@ -11,7 +12,10 @@ class OutputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Writes `bytes` to `path` under a temporary name beside it and renames it at the end, so that no
+/// The name under which process `process` writes `path` until the file is whole.
+std::string UnfinishedName(const std::string& path, pid_t process);
+
+/// Writes `bytes` to `path` under its unfinished name, beside it, and renames it at the end, so that no
 /// half-written file ever stands there. An existing file is replaced only where `replace` is set.
 void WriteOutputFile(const std::string& path, std::string_view bytes, bool replace);
 

@@ -1,0 +1,221 @@
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <signal.h>
+#include <thread>
+#include <unistd.h>
+
+#include "batch_inputs.h"
+#include "batch_report.h"
+#include "commands.h"
+#include "conversion.h"
+#include "messages.h"
+#include "output_file.h"
+#include "worker.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+volatile sig_atomic_t interrupted = 0;
+
+/// Reads one drawing and writes its output: what a worker does.
+WorkReport ConvertOne(const std::string& input, const std::string& output, OutputFormat format) {
+  const Job job = LoadJob(input, LibraryNotes::kHidden);
+  if (job.results.empty()) {
+    return {IsReadableFile(input) ? FileStatus::kEmpty : FileStatus::kFailed, 0, WhyNothingRead(input)};
+  }
+  fs::create_directories(fs::path(output).parent_path());
+  const Conversion conversion = ConvertJob(job, format, {});
+  WriteOutputFile(output, conversion.bytes, true);
+  std::string message;
+  for (const std::string& warning : conversion.warnings) message += (message.empty() ? "" : "; ") + warning;
+  return {FileStatus::kOk, job.results.size(), message};
+}
+
+/// One line that renews itself on a terminal, plain lines elsewhere.
+class Progress {
+ public:
+  explicit Progress(std::size_t fileCount) : total(fileCount), started(std::chrono::steady_clock::now()) {}
+
+  void Note(const BatchRow& row) {
+    ++done;
+    if (!onTerminal) {
+      std::printf("%s: %s%s%s\n", row.input.c_str(), NameOf(row.outcome.status),
+                  row.outcome.message.empty() ? "" : ": ", row.outcome.message.c_str());
+      return;
+    }
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+    const double rate = static_cast<double>(done) / std::max(seconds, 1e-3);
+    const double remaining = static_cast<double>(total - done) / rate;
+    constexpr std::size_t kBar = 30;
+    const std::size_t filled = done * kBar / total;
+    std::printf("\r[%.*s%*s] %zu of %zu, %.1f a second, %.0f s left \033[K", static_cast<int>(filled),
+                "##############################", static_cast<int>(kBar - filled), "", done, total, rate,
+                remaining);
+    if (done == total) std::printf("\n");
+    std::fflush(stdout);
+  }
+
+  void Break() const {
+    if (onTerminal && done > 0 && done < total) std::printf("\n");
+  }
+
+ private:
+  std::size_t total;
+  std::size_t done = 0;
+  bool onTerminal = isatty(STDOUT_FILENO) != 0;
+  std::chrono::steady_clock::time_point started;
+};
+
+/// Runs a batch with a fixed number of workers at a time.
+class Batch {
+ public:
+  Batch(const BatchOptions& batchOptions, OutputFormat outputFormat)
+      : options(batchOptions),
+        format(outputFormat),
+        inputs(CollectInputs(options.inputs, options.extension)),
+        rows(inputs.size()),
+        finished(inputs.size(), false) {}
+
+  bool IsEmpty() const { return inputs.empty(); }
+  /// Takes the rows of files that an earlier run finished.
+  void Resume();
+  void Run();
+  void Report() const;
+  bool AllOk() const;
+
+ private:
+  struct Running {
+    std::size_t index;
+    std::unique_ptr<Worker> worker;
+  };
+
+  std::string OutputPath(std::size_t index) const {
+    return options.outputFolder + "/" + inputs[index].outputName;
+  }
+  void Start(std::size_t index);
+  /// Removes what a worker that was ended leaves behind.
+  void CleanBehind(const Running& slot) const;
+  void Collect(Progress& progress);
+
+  const BatchOptions& options;
+  OutputFormat format;
+  std::vector<BatchInput> inputs;
+  std::vector<BatchRow> rows;
+  std::vector<bool> finished;
+  std::vector<Running> running;
+};
+
+void Batch::Resume() {
+  const auto earlier = ReadReport(options.outputFolder);
+  for (std::size_t i = 0; i < inputs.size(); ++i) {
+    const auto found = earlier.find(inputs[i].path);
+    if (found == earlier.end() || found->second.output != OutputPath(i)) continue;
+    const FileStatus status = found->second.outcome.status;
+    std::error_code error;
+    const bool stands = status == FileStatus::kOk && fs::exists(OutputPath(i), error);
+    if (!stands && status != FileStatus::kEmpty) continue;
+    rows[i] = found->second;
+    finished[i] = true;
+  }
+}
+
+void Batch::Start(std::size_t index) {
+  const std::string input = inputs[index].path;
+  const std::string output = OutputPath(index);
+  const OutputFormat to = format;
+  running.push_back(
+      {index, std::make_unique<Worker>([=] { return ConvertOne(input, output, to); }, options.timeout)});
+}
+
+void Batch::CleanBehind(const Running& slot) const {
+  std::error_code nothingThere;
+  fs::remove(UnfinishedName(OutputPath(slot.index), slot.worker->ProcessId()), nothingThere);
+}
+
+void Batch::Collect(Progress& progress) {
+  for (Running& slot : running) {
+    const std::optional<FileOutcome> outcome = slot.worker->Poll();
+    if (!outcome) continue;
+    rows[slot.index] = {inputs[slot.index].path, OutputPath(slot.index), *outcome};
+    finished[slot.index] = true;
+    progress.Note(rows[slot.index]);
+    CleanBehind(slot);
+    slot.worker.reset();
+  }
+  std::erase_if(running, [](const Running& slot) { return slot.worker == nullptr; });
+}
+
+void Batch::Run() {
+  const auto left = static_cast<std::size_t>(std::count(finished.begin(), finished.end(), false));
+  Progress progress(left);
+  std::size_t next = 0;
+  while (interrupted == 0) {
+    while (next < inputs.size() && running.size() < options.jobs) {
+      if (!finished[next]) Start(next);
+      ++next;
+    }
+    if (running.empty()) break;
+    Collect(progress);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  for (const Running& slot : running) {
+    slot.worker->Stop();
+    CleanBehind(slot);
+  }
+  running.clear();
+  progress.Break();
+}
+
+void Batch::Report() const {
+  std::vector<BatchRow> done;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (finished[i]) done.push_back(rows[i]);
+  }
+  WriteReport(options.outputFolder, done);
+  const auto ok = std::count_if(done.begin(), done.end(),
+                                [](const BatchRow& row) { return row.outcome.status == FileStatus::kOk; });
+  std::printf("%zu files: %zu ok, %zu not, %zu left; see %s/report.csv\n", inputs.size(),
+              static_cast<std::size_t>(ok), done.size() - static_cast<std::size_t>(ok),
+              inputs.size() - done.size(), options.outputFolder.c_str());
+}
+
+bool Batch::AllOk() const {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!finished[i] || rows[i].outcome.status != FileStatus::kOk) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+int RunBatch(const BatchOptions& options) {
+  const std::optional<OutputFormat> format = FormatOfExtension(options.extension);
+  if (!format) {
+    Complain("cannot write '" + options.extension + "': --to takes svg, png, html or json");
+    return kWrongUsage;
+  }
+  try {
+    fs::create_directories(options.outputFolder);
+    Batch batch(options, *format);
+    if (batch.IsEmpty()) {
+      Complain("no DXF, SVG or PDF file in what was named");
+      return kNothingRead;
+    }
+    if (options.resume) batch.Resume();
+    struct sigaction onInterrupt = {};
+    onInterrupt.sa_handler = [](int) { interrupted = 1; };
+    sigaction(SIGINT, &onInterrupt, nullptr);
+    sigaction(SIGTERM, &onInterrupt, nullptr);
+    batch.Run();
+    batch.Report();
+    if (interrupted != 0) Complain("stopped; the same command with --resume goes on");
+    return batch.AllOk() ? kDone : kNothingRead;
+  } catch (const std::exception& error) {
+    Complain(error.what());
+    return kNothingRead;
+  }
+}

@@ -1,0 +1,28 @@
+#ifndef DRAWLOAD_TOOLS_CONVERSION_H
+#define DRAWLOAD_TOOLS_CONVERSION_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "job.h"
+#include "picture.h"
+
+enum class OutputFormat { kSvg, kPng, kHtml, kJson };
+
+/// The format that an extension without its dot names ("svg"), or nothing.
+std::optional<OutputFormat> FormatOfExtension(const std::string& extension);
+
+/// The format that the end of a file's name tells, or nothing.
+std::optional<OutputFormat> FormatOfName(const std::string& path);
+
+/// A job in another format, and what that format could not carry of it.
+struct Conversion {
+  std::string bytes;
+  std::vector<std::string> warnings;
+};
+
+/// Throws std::runtime_error where the job has no form in that format (a picture too large).
+Conversion ConvertJob(const Job& job, OutputFormat format, PictureSize size);
+
+#endif
