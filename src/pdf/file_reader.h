@@ -48,6 +48,12 @@ class PdfFileReader {
   /// The object at `offset`, read up to its "endobj". A negative offset reads from the position.
   std::shared_ptr<const PdfObject> ReadObject(std::int64_t offset);
 
+  /// The object with this text of an object stream. It is no read of the file: `text` and `stream` stay.
+  std::shared_ptr<const PdfObject> ReadStreamedObject(std::uint32_t number, std::string_view rawText);
+
+  /// To be told when the text of a streamed object changes.
+  void ForgetStreamedObject(std::uint32_t number) { keptStreamed.erase(number); }
+
   std::string_view text;
   std::string_view stream;
   bool hasStream = false;  ///< set by the first read that finds the word "stream", never cleared
@@ -55,7 +61,7 @@ class PdfFileReader {
   PdfWorkBudget budget;
 
  private:
-  /// What reading one object left behind, for the next time that it is asked for.
+  /// What reading an object of the file left behind, for the next time that it is asked for.
   struct ReadResult {
     std::shared_ptr<const PdfObject> object;
     std::string_view text;
@@ -64,11 +70,12 @@ class PdfFileReader {
   };
 
   std::size_t FindEnd(std::string_view terminator) const;
-  void Keep(std::int64_t offset, const std::shared_ptr<const PdfObject>& object);
+  void MakeRoomFor(const PdfObject& object);
 
   std::string_view file;
   std::size_t position = 0;
-  std::unordered_map<std::int64_t, ReadResult> kept;
+  std::unordered_map<std::int64_t, ReadResult> kept;                                 ///< by offset
+  std::unordered_map<std::uint32_t, std::shared_ptr<const PdfObject>> keptStreamed;  ///< by number
   std::size_t keptBytes = 0;
 };
 

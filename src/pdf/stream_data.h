@@ -26,7 +26,7 @@ struct PdfStreamData {
 };
 
 /// Runs `data.input` through its filter. Throws `std::out_of_range` where `length` exceeds the input and
-/// where LZW or run length data break off, and a text (`const char*`) where JPEG 2000 data cannot be read.
+/// where LZW or run length data break off, and `std::runtime_error` where JPEG 2000 data cannot be read.
 /// Where the budget is used up there is no output, and `length` is 0. Kept: with two or more filters the
 /// bytes stay as they are, and an image becomes white.
 void DecodeStream(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget);

@@ -20,17 +20,11 @@ struct PdfXrefEntry {
   bool free = false;
 };
 
-/// An object in an object stream: its text as it stands there.
-struct PdfStreamedObject {
-  std::string_view rawText;
-  std::shared_ptr<const PdfObject> object;  ///< made at the first fetch
-};
-
 /// The cross-reference sections of a file, merged: older sections are read first, and the later entry wins.
 struct PdfXrefSection {
   std::unordered_map<std::uint32_t, PdfXrefEntry> entries;
-  std::unordered_map<std::uint32_t, PdfStreamedObject> streamedObjects;
-  std::deque<std::string> objectStreams;  ///< decoded; what the raw texts are views into
+  std::unordered_map<std::uint32_t, std::string_view> streamedTexts;  ///< as they stand in `objectStreams`
+  std::deque<std::string> objectStreams;                              ///< decoded
 };
 
 /// The object with this number (taken as 32 bits without sign), never null. An object of the file also leaves

@@ -1,0 +1,80 @@
+#include "pdf/filters/flate.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <zlib.h>
+
+namespace pdf {
+
+namespace {
+
+constexpr std::size_t kFirstRoom = 51200;
+
+class Inflater {
+ public:
+  Inflater() { ready = inflateInit(&zlib) == Z_OK; }
+  Inflater(const Inflater&) = delete;
+  Inflater& operator=(const Inflater&) = delete;
+  ~Inflater() {
+    if (ready) inflateEnd(&zlib);
+  }
+
+  bool ready = false;
+  z_stream zlib = {};
+};
+
+/// As much of a size as one call of zlib takes.
+uInt Portion(std::size_t size) {
+  return static_cast<uInt>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+}
+
+FlateResult ResultOf(int code) {
+  if (code == Z_STREAM_END) return FlateResult::kComplete;
+  return code == Z_MEM_ERROR ? FlateResult::kOutOfMemory : FlateResult::kCorrupt;
+}
+
+/// Inflates into the end of `output`, whose room grows to half as much again each time.
+FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& output) {
+  Inflater inflater;
+  z_stream& zlib = inflater.zlib;
+  if (!inflater.ready) return FlateResult::kOutOfMemory;
+  const std::size_t start = output.size();
+  std::size_t taken = 0;
+  std::size_t filled = start;
+  std::size_t room = std::max(kFirstRoom, input.size());
+  int code = Z_OK;
+  while (code == Z_OK) {
+    if (filled - start > mostBytes) return FlateResult::kTooLong;
+    if (filled == output.size()) output.resize(filled + std::min(room, mostBytes - (filled - start) + 1));
+    zlib.next_in = reinterpret_cast<z_const Bytef*>(const_cast<char*>(input.data())) + taken;
+    zlib.avail_in = Portion(input.size() - taken);
+    zlib.next_out = reinterpret_cast<Bytef*>(output.data()) + filled;
+    zlib.avail_out = Portion(output.size() - filled);
+    const uInt inputPortion = zlib.avail_in;
+    const uInt outputPortion = zlib.avail_out;
+    code = inflate(&zlib, Z_NO_FLUSH);
+    taken += inputPortion - zlib.avail_in;
+    filled += outputPortion - zlib.avail_out;
+    room = std::max(room, (filled - start) / 2);
+  }
+  const bool isTooLong = filled - start > mostBytes;
+  output.resize(filled);
+  return isTooLong ? FlateResult::kTooLong : ResultOf(code);
+}
+
+}  // namespace
+
+FlateResult Inflate(std::string_view input, std::size_t mostBytes, std::string& output) {
+  const std::size_t before = output.size();
+  FlateResult result = FlateResult::kOutOfMemory;
+  try {
+    result = Run(input, mostBytes, output);
+  } catch (const std::bad_alloc&) {
+    result = FlateResult::kOutOfMemory;
+  }
+  if (result != FlateResult::kComplete) output.resize(before);
+  return result;
+}
+
+}  // namespace pdf
