@@ -58,6 +58,20 @@ constexpr int kPdfFunctionDepth = 16;
 /// Attempts to inflate one PDF stream that zlib calls corrupt; each one writes its note.
 constexpr int kPdfFlateTries = 3;
 
+/// Knots of a spline, where it is made or its knots are set from outside. Bounds the work on one curve; what
+/// the kernel makes of it may have more.
+constexpr std::uint32_t kSplineKnots = 50000;
+
+/// Degree of a rational spline. Modellers stop at about 25; a point costs the square of the degree.
+constexpr std::int32_t kRationalSplineDegree = 32;
+
+/// Work on splitting the intervals of rational splines, in blends of two control points: of one spline and of
+/// all splines of a drawing. Enough for circles of a hundred metres, and for a million splits in common
+/// drawings; a spline of a hundred bytes whose coordinates are huge would ask for endless ones. What is left
+/// unsplit is drawn with the chords that it has.
+constexpr std::uint64_t kSplineSplitWork = 320'000;
+constexpr std::uint64_t kDrawingSplitWork = 64'000'000;
+
 }  // namespace support::limits
 
 #endif
