@@ -16,3 +16,26 @@ install(FILES ${PROJECT_BINARY_DIR}/drawloadConfig.cmake ${PROJECT_BINARY_DIR}/d
 
 configure_file(cmake/drawload.pc.in ${PROJECT_BINARY_DIR}/drawload.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/drawload.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(FILES docs/man/drawload.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES docs/man/libdrawload.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+install(FILES tools/drawload/completions/drawload.bash
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME drawload)
+install(FILES tools/drawload/completions/_drawload DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES tools/drawload/completions/drawload.fish
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+
+# `cpack -G DEB` in the build folder makes a Debian package.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME drawload)
+set(CPACK_PACKAGE_CONTACT "The drawload developers <drawload@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS xdg-utils)
+include(CPack)

@@ -1,5 +1,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cairo.h>
+#include <nlohmann/json_fwd.hpp>
+#include <png.h>
 #include <string>
 #include <thread>
 
@@ -26,12 +29,20 @@ LibraryNotes NotesFor(bool verbose) {
   return verbose ? LibraryNotes::kToStandardError : LibraryNotes::kHidden;
 }
 
+std::string Versions() {
+  return std::string("drawload ") + DRAWLOAD_VERSION + "\nbuilt with " + DRAWLOAD_LIBRARY_VERSIONS +
+         "\nrunning with cairo " + cairo_version_string() + ", libpng " + png_get_libpng_ver(nullptr) +
+         "; nlohmann-json " + std::to_string(NLOHMANN_JSON_VERSION_MAJOR) + "." +
+         std::to_string(NLOHMANN_JSON_VERSION_MINOR) + "." + std::to_string(NLOHMANN_JSON_VERSION_PATCH) +
+         ", CLI11 " CLI11_VERSION;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   CLI::App app(kDescription, "drawload");
   app.footer(kExamples);
-  app.set_version_flag("--version", DRAWLOAD_VERSION);
+  app.set_version_flag("--version", Versions());
   app.require_subcommand(1);
   bool verbose = false;
   app.add_flag("-v,--verbose", verbose, "Show the notes that the library prints while it reads");
