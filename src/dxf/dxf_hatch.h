@@ -108,7 +108,7 @@ class DXF_Hatch : public DXF_Point {
   std::vector<DXF_HatchEdge> edges;  ///< all paths in one flat list
 
  private:
-  bool parsePolylinePath(std::int32_t code, const dxfReader& reader);
+  void parsePolylinePath(std::int32_t code, const dxfReader& reader);
   bool parseCurrentEdge(std::int32_t code, const dxfReader& reader);
   void parseOwnGroup(std::int32_t code, const dxfReader& reader);
   bool parsePatternGroup(std::int32_t code, const dxfReader& reader);

@@ -29,6 +29,7 @@ class DXF_Header {
  private:
   void openVariable(const dxfReader& reader);
   void parseText(std::int32_t code, dxfReader& reader);
+  void parseInteger(std::int32_t code, const dxfReader& reader);
   const DXF_Variant* find(std::string_view name, std::int32_t type) const;
 };
 

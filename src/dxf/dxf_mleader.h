@@ -133,7 +133,7 @@ class DXF_MLeader : public DXF_Entity {
 
   bool parseBlockEdge(std::int32_t code, const dxfReader& reader);
   bool openBlock(std::int32_t code);
-  bool closeBlock(std::int32_t code);
+  bool closeBlock(std::int32_t code, const dxfReader& reader);
   void parseOwnGroup(std::int32_t code, const dxfReader& reader);
   bool parseHandleGroup(std::int32_t code, const dxfReader& reader);
   bool parseFlagGroup(std::int32_t code, const dxfReader& reader);

@@ -58,7 +58,8 @@ class DXF_MText : public DXF_Text {
   std::vector<MtextParam> params;
 
  private:
-  void parseText(const dxfReader& reader);
+  void parseLastPiece(const dxfReader& reader);
+  void parseSize(std::int32_t code, double value);
 
   int redecodings = 0;
 };

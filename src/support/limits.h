@@ -12,6 +12,18 @@ namespace support::limits {
 /// Nesting of block references in a DXF drawing. Real drawings nest a handful deep; each level costs stack.
 constexpr int kInsertDepth = 100;
 
+/// Items that a count in a DXF file makes room for before they come; a list that is longer grows as it is
+/// filled. A count may lie, and a file may hold a lying count in each of its entities.
+constexpr std::size_t kReservedByCount = 4096;
+
+/// Last pieces (groups 1) of one DXF paragraph text that have the whole text decoded once more; behind them
+/// only the piece itself is. Real texts have one; each costs a pass over the text so far.
+constexpr int kDxfTextRedecodings = 16;
+
+/// Times that an open DXF table entry is stored once more because a foreign name stands in its table. Each
+/// time costs a copy of the entry, and no look-up finds a copy whose name did not change.
+constexpr int kDxfEntryRepeats = 16;
+
 /// Pixels of one picture: an A3 sheet at 800 dots per inch. Decoding takes up to 16 bytes for each.
 constexpr std::size_t kPicturePixels = std::size_t{1} << 27;
 

@@ -1,0 +1,39 @@
+#ifndef DRAWLOAD_DXF_TAKE_VALUE_H
+#define DRAWLOAD_DXF_TAKE_VALUE_H
+
+#include <vector>
+
+#include "dxf/dxf_entity.h"
+#include "dxf/dxf_reader.h"
+
+/// Takes a coordinate whose x stands in group `xCode`, y in the group 10 above and z in that 20 above. False
+/// for any other code.
+inline bool TakeCoord(std::int32_t code, std::int32_t xCode, const dxfReader& reader, DXF_Coord& coord) {
+  switch (code - xCode) {
+    case 0: coord.x = reader.realValue; return true;
+    case 10: coord.y = reader.realValue; return true;
+    case 20: coord.z = reader.realValue; return true;
+    default: return false;
+  }
+}
+
+/// The same for a list: group `xCode` starts a coordinate, the other two go to the last one and are dropped
+/// if there is none.
+inline bool TakeListedCoord(std::int32_t code, std::int32_t xCode, const dxfReader& reader,
+                            std::vector<DXF_Coord>& list) {
+  if (code == xCode) {
+    list.push_back({reader.realValue, 0.0, 0.0});
+    return true;
+  }
+  if (code != xCode + 10 && code != xCode + 20) return false;
+  if (!list.empty()) TakeCoord(code, xCode, reader, list.back());
+  return true;
+}
+
+/// Takes a group of extended data (1000 to 1071). False for any other code.
+bool TakeExtData(std::int32_t code, const dxfReader& reader, DXF_ExtData& data);
+
+/// The format states angles in degrees; the records that say so hold radians.
+inline double RadiansFrom(double degrees) { return degrees / 57.29577951308232; }
+
+#endif
