@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "dxf/dxf_rw.h"
 #include "sink/my_draw_load.h"
 
 namespace {
@@ -35,5 +36,6 @@ bool DispatchFile(CMyDrawLoad& sink, std::string path) {
   sink.dispatcher->fileType = sink.fileType;
   sink.dispatcher->sink = &sink;
   const std::string extension = ExtensionOf(path);
+  if (extension == "dxf") return ReadWith<DXF_RW>(sink, path, PARSE::kDxfFile);
   return true;
 }
