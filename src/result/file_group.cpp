@@ -14,7 +14,14 @@ CFileGroup::CFileGroup(const CFileGroup& other) = default;
 CFileGroup& CFileGroup::operator=(const CFileGroup& other) = default;
 
 CFileGroup::~CFileGroup() {
-  while (memberHead->next != memberHead) DestroyObject(RemoveMember(memberHead->next));
+  while (memberHead->next != memberHead) {
+    CFileDraw* member = RemoveMember(memberHead->next);
+    if (member != nullptr && member->kind == kFileGroup) {
+      // What is in the nested group moves up first: nesting of any depth costs no stack.
+      SpliceMembers(static_cast<CFileGroup*>(member)->memberHead, memberHead);
+    }
+    DestroyObject(member);
+  }
   delete memberHead;
 }
 

@@ -26,14 +26,19 @@ double CubicAt(double p0, double p1, double p2, double p3, double t) {
 
 /// Widens `interval` by the extrema of one coordinate of a cubic Bezier curve: the roots of its derivative
 /// a·t² + b·t + c inside (0, 1). The roots come from the form that does not cancel: q = -(b ± √D)/2, with
-/// the sign of b, then q/a and c/q.
+/// the sign of b, then q/a and c/q. The coefficients are scaled first, so that no square overflows.
 void IncludeCubic(Interval& interval, double p0, double p1, double p2, double p3) {
   interval.Include(p0);
   interval.Include(p3);
   if (std::min(p1, p2) >= interval.low && std::max(p1, p2) <= interval.high) return;
-  const double a = 3.0 * (p3 - 3.0 * p2 + 3.0 * p1 - p0);
-  const double b = 6.0 * (p2 - 2.0 * p1 + p0);
-  const double c = 3.0 * (p1 - p0);
+  const double scale = std::max({std::fabs(p0), std::fabs(p1), std::fabs(p2), std::fabs(p3)});
+  const double q0 = p0 / scale;
+  const double q1 = p1 / scale;
+  const double q2 = p2 / scale;
+  const double q3 = p3 / scale;
+  const double a = 3.0 * (q3 - 3.0 * q2 + 3.0 * q1 - q0);
+  const double b = 6.0 * (q2 - 2.0 * q1 + q0);
+  const double c = 3.0 * (q1 - q0);
   const double discriminant = b * b - 4.0 * a * c;
   if (!(discriminant >= 0.0)) return;
   const double q = -0.5 * (b + std::copysign(std::sqrt(discriminant), b));
