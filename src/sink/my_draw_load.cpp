@@ -1,5 +1,6 @@
 #include "sink/my_draw_load.h"
 
+#include "fonts/parse_fonts.h"
 #include "result/member_list.h"
 
 CMyDrawLoad::CMyDrawLoad() : results(NewMemberList()), resultCursor(results) {}
@@ -18,7 +19,10 @@ void CMyDrawLoad::BeginFile(PARSE::Context) {
   firstPage = 1;
 }
 
-void CMyDrawLoad::EndFile(PARSE::Context) { dispatcher.reset(); }
+void CMyDrawLoad::EndFile(PARSE::Context) {
+  parseFonts.reset();
+  dispatcher.reset();
+}
 
 CFileDraw* CMyDrawLoad::FirstResult() {
   resultCursor = results;

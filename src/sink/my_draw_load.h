@@ -13,6 +13,9 @@
 namespace Entity_ZR {
 struct HatchEdge;
 }
+namespace fonts {
+struct ParseFonts;
+}
 
 /// One open group: the whole placement of its members, and the group that holds them and gives them their
 /// processing block.
@@ -26,7 +29,8 @@ struct GroupFrame {
 ///
 /// Every point goes through the entity's own matrix, then the innermost frame's, then the page's. Which
 /// file does what: `my_draw_load.cpp` life and list, `pages.cpp` pages, `frames.cpp` groups, and one file
-/// for each kind of entity (`simple_curves.cpp`, `polylines.cpp`, `paths.cpp`, `hatches.cpp`).
+/// for each kind of entity (`simple_curves.cpp`, `polylines.cpp`, `paths.cpp`, `hatches.cpp`,
+/// `text.cpp`, `bitmaps.cpp`).
 class CMyDrawLoad : public PARSE::DrawLoader {
  public:
   CMyDrawLoad();
@@ -46,6 +50,8 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   bool AddInsert(Entity_ZR::ZR_Insert* entity, PARSE::Context context) override;
   bool AddHatch(Entity_ZR::ZR_Hatch* entity, PARSE::Context context) override;
   bool AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context context) override;
+  bool AddText(Entity_ZR::ZR_Text* entity, PARSE::Context context) override;
+  bool AddImage(Entity_ZR::ZR_Image* entity, PARSE::Context context) override;
 
   /// The walk: the first and the next result, or null at the end of the list.
   CFileDraw* FirstResult();
@@ -100,6 +106,20 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   CFileGroup& PathHolder();
   /// Adds the last curve of a path, and hands out what waited for it.
   void FinishPath(OwnedCurve lastCurve);
+
+  /// Adds the glyphs of `text` as paths.
+  void DrawText(const Entity_ZR::ZR_Text& text);
+
+  /// A bitmap result for `entity` with its processing block, still without pixels.
+  OwnedDib NewDib(const Entity_ZR::ZR_Entity& entity) const;
+  /// Gives `dib` its packed pixels; false where there is no memory for them.
+  bool PackPixels(const Entity_ZR::ZR_Image& image, CFileDib& dib);
+  /// From the pixels of `image` to the result.
+  Matrix2D PlacementOf(const Entity_ZR::ZR_Image& image) const;
+
+  std::unique_ptr<fonts::ParseFonts> parseFonts;  ///< made for the first text, gone with the end of the file
+  std::size_t glyphSegments = 0;                  ///< of all texts so far
+  std::size_t bitmapBytes = 0;                    ///< of all bitmaps so far
 };
 
 #endif

@@ -13,7 +13,15 @@ constexpr std::int32_t TruncateToI32(double value) {
   return static_cast<std::int32_t>(value);
 }
 
-/// The same, cut to the low 16 bits.
+/// The same for 64 bits.
+constexpr std::int64_t TruncateToI64(double value) {
+  if (!(value >= -9223372036854775808.0 && value < 9223372036854775808.0)) {
+    return std::numeric_limits<std::int64_t>::min();
+  }
+  return static_cast<std::int64_t>(value);
+}
+
+/// As `TruncateToI32`, cut to the low 16 bits.
 constexpr std::int16_t TruncateToI16(double value) {
   return static_cast<std::int16_t>(static_cast<std::uint32_t>(TruncateToI32(value)));
 }

@@ -84,6 +84,31 @@ constexpr std::int32_t kRationalSplineDegree = 32;
 constexpr std::uint64_t kSplineSplitWork = 320'000;
 constexpr std::uint64_t kDrawingSplitWork = 64'000'000;
 
+/// Bytes of a font name. The time that Fontconfig takes to parse one grows with the square of its families.
+constexpr std::size_t kFontNameBytes = 4096;
+
+/// Font names of one file that are looked up. Each costs Fontconfig milliseconds; drawings use a handful.
+constexpr std::size_t kFontNames = 1000;
+
+/// Font faces (a file at a size) that stay open. Beyond it all are closed, and opened again as they are used.
+constexpr std::size_t kOpenFaces = 64;
+
+/// Memory for the glyphs that are kept from text to text. Beyond it they are loaded again.
+constexpr std::size_t kKeptGlyphBytes = std::size_t{64} << 20;
+
+/// Glyphs of one text, which is one line: at a height of 1 mm it would be some 40 metres long. One byte of
+/// text becomes some 4 kB of results.
+constexpr std::size_t kTextGlyphs = 65536;
+
+/// Segments of all glyph outlines of one file: some 800,000 letters, or 2 GB of results.
+constexpr std::size_t kGlyphSegmentsPerFile = std::size_t{1} << 24;
+
+/// One packed grey bitmap, in bytes: a picture of `kPicturePixels` with its rows padded.
+constexpr std::size_t kBitmapBytes = std::size_t{1} << 28;
+
+/// All packed grey bitmaps of one file, in bytes: eight A3 sheets at 800 dots per inch.
+constexpr std::size_t kBitmapBytesPerFile = std::size_t{1} << 30;
+
 }  // namespace support::limits
 
 #endif

@@ -1,0 +1,17 @@
+#ifndef DRAWLOAD_FONTS_PARSE_FONTS_H
+#define DRAWLOAD_FONTS_PARSE_FONTS_H
+
+#include "fonts/face_cache.h"
+#include "fonts/font_lookup.h"
+
+namespace fonts {
+
+/// Everything of fonts that one parse keeps from text to text.
+struct ParseFonts {
+  FontLookup lookup;
+  FaceCache faces;
+};
+
+}  // namespace fonts
+
+#endif

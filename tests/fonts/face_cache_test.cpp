@@ -1,0 +1,70 @@
+#include "fonts/face_cache.h"
+
+#include <gtest/gtest.h>
+
+#include "fonts/bitmap_font.h"
+#include "fonts/direct_glyphs.h"
+#include "fonts/glyph_run.h"
+#include "support/limits.h"
+
+namespace {
+
+using fonts::Face;
+using fonts::FaceCache;
+using fonts::GlyphRun;
+using fonts::Outline;
+
+TEST(FaceCache, OpensAFaceOncePerSize) {
+  FaceCache cache;
+  Face* twelve = cache.FaceOf(direct::kSans, 12);
+  ASSERT_NE(twelve, nullptr);
+  EXPECT_EQ(cache.FaceOf(direct::kSans, 12), twelve);
+  EXPECT_NE(cache.FaceOf(direct::kSans, 13), twelve);
+  EXPECT_EQ(cache.FaceOf(direct::kSans, 12), twelve);
+}
+
+TEST(FaceCache, HasNoFaceForWhatIsNoFont) {
+  FaceCache cache;
+  EXPECT_EQ(cache.FaceOf("", 12), nullptr);
+  EXPECT_EQ(cache.FaceOf("/no/such/font.ttf", 12), nullptr);
+  EXPECT_EQ(cache.FaceOf("/", 12), nullptr);
+  EXPECT_EQ(cache.FaceOf(DRAWLOAD_TEST_DATA "/fonts/broken.ttf", 12), nullptr);
+  EXPECT_EQ(cache.FaceOf(DRAWLOAD_TEST_DATA "/fonts/broken.ttf", 12), nullptr);
+}
+
+TEST(FaceCache, KeepsAGlyphOnceForBothPens) {
+  FaceCache cache;
+  Face* face = cache.FaceOf(direct::kSans, 12);
+  ASSERT_NE(face, nullptr);
+  const fonts::Glyph* first = &face->GlyphOf('a', {false, {64, 0}});
+  const std::size_t bytes = face->KeptBytes();
+  EXPECT_GT(bytes, 0u);
+  EXPECT_EQ(&face->GlyphOf('a', {false, {-999, 7}}), first);
+  EXPECT_EQ(face->KeptBytes(), bytes);
+}
+
+TEST(FaceCache, ClosesFacesBeyondItsBound) {
+  FaceCache cache;
+  for (unsigned size = 1; size <= support::limits::kOpenFaces; ++size) {
+    cache.FaceOf(direct::kSans, size)->GlyphOf('a', {});
+  }
+  Face* last = cache.FaceOf(direct::kSans, support::limits::kOpenFaces);
+  EXPECT_GT(last->KeptBytes(), 0u);
+  ASSERT_NE(cache.FaceOf(direct::kSans, 5000), nullptr);
+  EXPECT_EQ(cache.FaceOf(direct::kSans, support::limits::kOpenFaces)->KeptBytes(), 0u);
+}
+
+TEST(FaceCache, DrawsNothingOfAFontOfBitmaps) {
+  const std::string path = testing::TempDir() + "drawload_dots_" + std::to_string(getpid()) + ".bdf";
+  const BitmapFont font(path);
+  FaceCache cache;
+  Face* face = cache.FaceOf(path, 8);
+  ASSERT_NE(face, nullptr);
+  GlyphRun run(*face, 0.0, 0.0, false);
+  Outline outline(1);
+  EXPECT_EQ(run.Draw('A', outline), GlyphRun::Outcome::kDrawn);
+  EXPECT_TRUE(outline.empty());
+  EXPECT_EQ(direct::Glyphs(path, 8, U"A", 0.0, 0.0, false), std::vector<Outline>(1));
+}
+
+}  // namespace
