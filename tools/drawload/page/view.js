@@ -6,11 +6,11 @@ const byId = (id) => document.getElementById(id);
 const canvas = byId('view');
 const pen = canvas.getContext('2d');
 
-// ---- the job as pieces: runs of segments that are drawn at once -------------------------------------------
-const PIECE_SEGMENTS = 500;
-const pieces = [];    // {result, path: Path2D, from, to (distance along the job), at: first segment, end}
+// ---- the job as pieces: runs of segments of one colour and one block of settings, drawn at once -----------
+const PIECE_SEGMENTS = 2000;
+const pieces = [];    // {result: the first of the run, path: Path2D, from, to: millimetres along the job, at, end: segments}
 const segments = [];  // {result, values, from, to}
-const travels = [];   // {x1, y1, x2, y2, at (distance along the job)}
+const travels = [];   // {x1, y1, x2, y2, at: millimetres along the job}
 let total = 0;
 
 function cubicAt(v, t) {
@@ -38,38 +38,47 @@ function addSegment(path, v) {
   else path.bezierCurveTo(v[3], v[4], v[5], v[6], v[7], v[8]);
 }
 
+function pieceFor(result) {
+  const last = pieces[pieces.length - 1];
+  if (last && last.path && last.result.color === result.color && last.result.settings === result.settings &&
+      last.end - last.at < PIECE_SEGMENTS) return last;
+  const piece = {result, path: new Path2D(), from: total, to: total, at: segments.length, end: segments.length};
+  pieces.push(piece);
+  return piece;
+}
+
+function addCurve(result, head, noteTravel) {
+  const p = result.path;
+  result.at = segments.length;
+  for (let i = 0; i < p.length;) {
+    const size = p[i] === 0 ? 5 : 9;
+    const values = p.slice(i, i + size);
+    noteTravel(head, values[1], values[2]);
+    const piece = pieceFor(result);
+    const length = lengthOf(values);
+    segments.push({result, values, from: total, to: total + length});
+    total += length;
+    addSegment(piece.path, values);
+    piece.to = total;
+    piece.end = segments.length;
+    head = [values[size - 2], values[size - 1]];
+    i += size;
+  }
+  result.end = segments.length;
+  return head;
+}
+
 function cutIntoPieces() {
-  let head = null;
-  const noteTravel = (x, y) => {
+  const noteTravel = (head, x, y) => {
     if (head && (head[0] !== x || head[1] !== y)) travels.push({x1: head[0], y1: head[1], x2: x, y2: y, at: total});
   };
+  let head = null;
   for (const result of job.results) {
-    if (result.kind === 'bitmap') {
-      const [a, b, c, d, e, f] = result.matrix;
-      noteTravel(e, f);
-      pieces.push({result, from: total, to: total, at: segments.length, end: segments.length});
-      head = [a * result.width + c * result.height + e, b * result.width + d * result.height + f];
-      continue;
-    }
-    const p = result.path;
-    let piece = null;
-    for (let i = 0; i < p.length;) {
-      const size = p[i] === 0 ? 5 : 9;
-      const values = p.slice(i, i + size);
-      if (!head || head[0] !== values[1] || head[1] !== values[2]) noteTravel(values[1], values[2]);
-      if (!piece || segments.length - piece.at >= PIECE_SEGMENTS) {
-        piece = {result, path: new Path2D(), from: total, to: total, at: segments.length, end: segments.length};
-        pieces.push(piece);
-      }
-      const length = lengthOf(values);
-      segments.push({result, values, from: total, to: total + length});
-      total += length;
-      addSegment(piece.path, values);
-      piece.to = total;
-      piece.end = segments.length;
-      head = [values[size - 2], values[size - 1]];
-      i += size;
-    }
+    if (result.kind === 'curve') { head = addCurve(result, head, noteTravel); continue; }
+    const [a, b, c, d, e, f] = result.matrix;
+    noteTravel(head, e, f);
+    pieces.push({result, from: total, to: total, at: segments.length, end: segments.length});
+    head = [a * result.width + c * result.height + e, b * result.width + d * result.height + f];
   }
 }
 
@@ -162,17 +171,22 @@ function drawBitmap(result) {
   pen.restore();
 }
 
+function pathOf(at, end, reached) {
+  const path = new Path2D();
+  for (let i = at; i < end && segments[i].to <= reached; ++i) addSegment(path, segments[i].values);
+  return path;
+}
+
+function strokePath(path, result, width) {
+  pen.strokeStyle = visible(result.color);
+  pen.lineWidth = width / scale;
+  pen.stroke(path);
+}
+
 function drawPiece(piece, reached) {
   if (hidden.has(layerOf(piece.result)) || piece.from > reached) return;
-  if (piece.result.kind === 'bitmap') return drawBitmap(piece.result);
-  let path = piece.path;
-  if (piece.to > reached) {
-    path = new Path2D();
-    for (let i = piece.at; i < piece.end && segments[i].to <= reached; ++i) addSegment(path, segments[i].values);
-  }
-  pen.strokeStyle = visible(piece.result.color);
-  pen.lineWidth = (piece.result === shown ? 3 : 1.2) / scale;
-  pen.stroke(path);
+  if (piece.result.kind === 'bitmap') drawBitmap(piece.result);
+  else strokePath(piece.to > reached ? pathOf(piece.at, piece.end, reached) : piece.path, piece.result, 1.2);
 }
 
 // A curve in the page's own colour would be lost.
@@ -246,7 +260,7 @@ function draw() {
     const reached = done >= 1 ? Infinity : done * total;
     for (const piece of pieces) drawPiece(piece, reached);
     if (byId('travel').checked && done < 1) drawTravels(reached);
-    if (shown && shown.kind === 'curve') for (const piece of pieces) if (piece.result === shown) drawPiece(piece, reached);
+    if (shown && shown.kind === 'curve' && !hidden.has(layerOf(shown))) strokePath(pathOf(shown.at, shown.end, reached), shown, 3);
     drawRuler();
     byId('progress').textContent = (Math.min(done, 1) * total).toFixed(1) + ' of ' + total.toFixed(1) + ' mm';
   });

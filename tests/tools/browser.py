@@ -1,0 +1,107 @@
+"""Drives a headless Chromium through its WebDriver service, with the standard library alone."""
+
+import json
+import subprocess
+import tempfile
+import time
+import urllib.error
+import urllib.request
+
+ARGUMENTS = [
+    "--headless=new",
+    "--no-sandbox",
+    "--disable-gpu",
+    "--disable-quic",
+    "--no-first-run",
+    "--disable-background-networking",
+    "--disable-component-update",
+    "--disable-sync",
+    "--disable-dev-shm-usage",
+    "--window-size=1200,800",
+]
+
+
+class Browser:
+    def __init__(self):
+        self.profile = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
+        self.service = subprocess.Popen(
+            ["chromedriver", "--port=0"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True
+        )
+        self.port = self._port()
+        options = {"args": [*ARGUMENTS, f"--user-data-dir={self.profile.name}"]}
+        capabilities = {"goog:chromeOptions": options, "goog:loggingPrefs": {"browser": "ALL"}}
+        answer = self._call("POST", "/session", {"capabilities": {"alwaysMatch": capabilities}})
+        self.session = f"/session/{answer['sessionId']}"
+
+    def _port(self):
+        for line in self.service.stdout:
+            if "started successfully on port" in line:
+                return int(line.rstrip(".\n").rsplit(" ", 1)[1])
+        raise RuntimeError("chromedriver did not start")
+
+    def _call(self, method, path, body=None):
+        request = urllib.request.Request(
+            f"http://127.0.0.1:{self.port}{path}",
+            method=method,
+            data=None if body is None else json.dumps(body).encode(),
+            headers={"Content-Type": "application/json"},
+        )
+        try:
+            with urllib.request.urlopen(request, timeout=120) as answer:
+                return json.load(answer)["value"]
+        except urllib.error.HTTPError as error:
+            raise RuntimeError(error.read().decode()) from error
+
+    def open(self, url):
+        self._call("POST", self.session + "/url", {"url": url})
+
+    def run(self, script, *arguments):
+        return self._call("POST", self.session + "/execute/sync", {"script": script, "args": list(arguments)})
+
+    def settle(self):
+        """Waits until the page has drawn."""
+        self._call(
+            "POST",
+            self.session + "/execute/async",
+            {"script": "const done = arguments[0]; requestAnimationFrame(() => requestAnimationFrame(() => done()));", "args": []},
+        )
+
+    def pointer(self, *actions):
+        """Moves, presses and releases the mouse: ("move", x, y), ("down",), ("up",)."""
+        steps = []
+        for name, *where in actions:
+            if name == "move":
+                steps.append({"type": "pointerMove", "x": round(where[0]), "y": round(where[1]), "duration": 0})
+            else:
+                steps.append({"type": "pointer" + name.capitalize(), "button": 0})
+        mouse = {"type": "pointer", "id": "mouse", "parameters": {"pointerType": "mouse"}, "actions": steps}
+        self._call("POST", self.session + "/actions", {"actions": [mouse]})
+
+    def click(self, x, y):
+        self.pointer(("move", x, y), ("down",), ("up",))
+
+    def wheel(self, x, y, delta):
+        step = {"type": "scroll", "x": round(x), "y": round(y), "deltaX": 0, "deltaY": delta, "duration": 0}
+        self._call("POST", self.session + "/actions", {"actions": [{"type": "wheel", "id": "wheel", "actions": [step]}]})
+
+    def complaints(self):
+        """Errors and warnings of the page's console since the last call."""
+        entries = self._call("POST", self.session + "/se/log", {"type": "browser"})
+        return [entry["message"] for entry in entries if entry["level"] in ("SEVERE", "WARNING")]
+
+    def screenshot(self, path):
+        import base64
+
+        data = self._call("GET", self.session + "/screenshot")
+        with open(path, "wb") as file:
+            file.write(base64.b64decode(data))
+
+    def close(self):
+        try:
+            self._call("DELETE", self.session)
+        finally:
+            self.service.terminate()
+            self.service.wait(timeout=20)
+            self.service.stdout.close()
+            time.sleep(0.1)
+            self.profile.cleanup()

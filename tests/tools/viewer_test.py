@@ -1,0 +1,161 @@
+#!/usr/bin/env python3
+"""The viewer page in a real browser: what a person does with it, and what it shows then."""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+from browser import Browser
+
+PROGRAM = sys.argv.pop(1)
+EXAMPLES = pathlib.Path(sys.argv.pop(1))
+
+# How many pixels of the drawing's area differ from the page behind it.
+INK = """
+const image = pen.getImageData(0, 0, canvas.width, canvas.height).data;
+let ink = 0;
+for (let y = 25; y < canvas.height; ++y) {
+  for (let x = 40; x < canvas.width; ++x) if (image[(y * canvas.width + x) * 4 + 3] !== 0) ++ink;
+}
+return ink;
+"""
+
+
+class ViewerTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.page = pathlib.Path(cls.folder.name) / "bracket & <co>.html"
+        subprocess.run([PROGRAM, "convert", EXAMPLES / "bracket.dxf", "-o", cls.page], check=True, timeout=60)
+        cls.browser = Browser()
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.browser.close()
+        cls.folder.cleanup()
+
+    def setUp(self):
+        self.browser.open(self.page.as_uri())
+        self.browser.settle()
+
+    def ink(self):
+        self.browser.settle()
+        return self.browser.run(INK)
+
+    def middle_of_first_line(self):
+        return self.browser.run(
+            "const v = segments.find((s) => s.values[0] === 0).values; return toScreen((v[1] + v[3]) / 2, (v[2] + v[4]) / 2);"
+        )
+
+    def text_of(self, element):
+        return self.browser.run("return document.getElementById(arguments[0]).innerText", element)
+
+    def test_the_page_loads_without_a_complaint_and_draws(self):
+        self.assertGreater(self.ink(), 1000)
+        self.assertEqual(self.browser.complaints(), [])
+        self.assertIn("bracket.dxf", self.text_of("title"))
+        self.assertIn("90.00 × 60.00 mm", self.text_of("facts"))
+
+    def test_the_page_asks_nothing_of_the_network(self):
+        self.assertNotRegex(self.page.read_text(), r"(src|href)=.https?:|@import|fetch\(|XMLHttpRequest")
+
+    def test_a_click_selects_an_object_and_tells_its_settings(self):
+        self.assertEqual(self.text_of("object"), "")
+        self.browser.click(*self.middle_of_first_line())
+        text = self.text_of("object")
+        self.assertIn("curve 1 of", text)
+        self.assertIn("74.000 mm", text)  # the lower edge: 90 mm less two corners of 8 mm
+        self.assertIn("cutSpeed", text)
+
+    def test_a_click_beside_everything_selects_nothing(self):
+        self.browser.click(*self.middle_of_first_line())
+        self.browser.click(60, 700)
+        self.assertEqual(self.text_of("object"), "")
+
+    def test_hovering_shows_an_object_too(self):
+        self.browser.pointer(("move", *self.middle_of_first_line()))
+        self.assertIn("74.000 mm", self.text_of("object"))
+
+    def test_the_slider_takes_the_drawing_back_in_the_order_of_work(self):
+        whole = self.ink()
+        self.browser.run(
+            "const s = document.getElementById('slider'); s.value = 300; s.dispatchEvent(new Event('input'));"
+            "document.getElementById('travel').click();"
+        )
+        part = self.ink()
+        self.assertLess(part, whole * 0.7)
+        self.assertGreater(part, whole * 0.05)
+        self.assertRegex(self.text_of("progress"), r"^\d+\.\d of \d+\.\d mm$")
+
+    def test_travel_moves_show_while_the_job_is_under_way(self):
+        self.browser.run("const s = document.getElementById('slider'); s.value = 900; s.dispatchEvent(new Event('input'));")
+        shown = self.ink()
+        self.browser.run("document.getElementById('travel').click()")
+        self.assertLess(self.ink(), shown)
+
+    def test_playing_moves_the_slider(self):
+        self.browser.run("document.getElementById('play').click()")
+        for _ in range(20):
+            self.browser.settle()
+        value = int(self.browser.run("return document.getElementById('slider').value"))
+        self.assertTrue(0 < value < 1000, value)
+
+    def test_a_layers_box_hides_it(self):
+        whole = self.ink()
+        self.browser.run("document.querySelector('#layers input[data-layer=\"#ff0000\"]').click()")
+        self.assertLess(self.ink(), whole * 0.7)
+        self.browser.click(*self.middle_of_first_line())
+        self.assertEqual(self.text_of("object"), "")
+        self.browser.run("document.querySelector('#layers input[data-layer=\"#ff0000\"]').click()")
+        self.assertEqual(self.ink(), whole)
+
+    def test_layers_can_go_by_settings(self):
+        self.assertEqual(self.browser.run("return document.querySelectorAll('#layers li').length"), 3)
+        self.browser.run("document.querySelector('input[value=settings]').click()")
+        self.assertIn("cut 100 mm/s, 30 %", self.text_of("layers"))
+
+    def test_the_wheel_zooms_about_the_pointer(self):
+        before = self.browser.run("return [scale, ...toPage(500, 400)]")
+        self.browser.wheel(500, 400, -400)
+        self.browser.settle()
+        after = self.browser.run("return [scale, ...toPage(500, 400)]")
+        self.assertGreater(after[0], before[0] * 1.2)
+        self.assertAlmostEqual(after[1], before[1], places=6)
+        self.assertAlmostEqual(after[2], before[2], places=6)
+
+    def test_dragging_pans(self):
+        before = self.browser.run("return toScreen(0, 0)")
+        self.browser.pointer(("move", 500, 300), ("down",), ("move", 520, 310), ("move", 550, 330), ("up",))
+        after = self.browser.run("return toScreen(0, 0)")
+        self.assertAlmostEqual(after[0] - before[0], 50)
+        self.assertAlmostEqual(after[1] - before[1], 30)
+
+    def test_light_and_dark_change_the_page(self):
+        color = "return getComputedStyle(document.body).backgroundColor"
+        before = self.browser.run(color)
+        self.browser.run("document.getElementById('theme').click()")
+        self.assertNotEqual(self.browser.run(color), before)
+
+    def test_a_hundred_thousand_segments_arrive_and_draw(self):
+        lines = "".join(
+            f"0\nLINE\n8\n0\n10\n{i % 400}\n20\n{i // 400}\n11\n{i % 400 + 1}\n21\n{i // 400 + 1}\n" for i in range(100_000)
+        )
+        drawing = pathlib.Path(self.folder.name) / "many.dxf"
+        drawing.write_text("0\nSECTION\n2\nENTITIES\n" + lines + "0\nENDSEC\n0\nEOF\n")
+        page = drawing.with_suffix(".html")
+        if not page.exists():
+            subprocess.run([PROGRAM, "convert", drawing, "-o", page], check=True, timeout=120)
+        self.browser.open(page.as_uri())
+        self.browser.settle()
+        took = self.browser.run(
+            "const t = performance.now(); for (const piece of pieces) drawPiece(piece, Infinity);"
+            "pen.getImageData(0, 0, 1, 1); return performance.now() - t;"
+        )
+        self.assertEqual(self.browser.run("return segments.length"), 100_000)
+        print(f"100,000 segments drawn in {took:.0f} ms")
+
+
+if __name__ == "__main__":
+    unittest.main()
