@@ -1,0 +1,144 @@
+#!/usr/bin/env python3
+"""Batches: many drawings in worker processes, reports, interruption, and what goes on behind it."""
+
+import csv
+import json
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PROGRAM = sys.argv.pop(1)
+
+LINE = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0\n20\n0\n11\n30\n21\n0\n0\nENDSEC\n0\nEOF\n"
+EMPTY = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n"
+
+
+def big_drawing(lines):
+    return "0\nSECTION\n2\nENTITIES\n" + "0\nLINE\n8\n0\n10\n0\n20\n0\n11\n30\n21\n0\n" * lines + "0\nENDSEC\n0\nEOF\n"
+
+
+class BatchTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.here = pathlib.Path(self.folder.name)
+        self.drawings = self.here / "drawings"
+        (self.drawings / "deep" / "er").mkdir(parents=True)
+        self.out = self.here / "out"
+
+    def batch(self, *arguments):
+        command = [PROGRAM, "batch", *map(str, arguments), "--out", str(self.out)]
+        return subprocess.run(command, capture_output=True, timeout=120)
+
+    def rows(self):
+        report = json.loads((self.out / "report.json").read_text())
+        return {pathlib.Path(row["input"]).name: row for row in report["files"]}
+
+    def test_folders_are_walked_and_keep_their_shape(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "deep" / "er" / "B.DXF").write_text(LINE)
+        (self.drawings / "notes.txt").write_text("not a drawing")
+        done = self.batch(self.drawings, "--to", "svg")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        outputs = sorted(str(p.relative_to(self.out)) for p in self.out.rglob("*.svg"))
+        self.assertEqual(outputs, ["a.dxf.svg", "deep/er/B.DXF.svg"])
+        self.assertIn(b"a.dxf: ok", done.stdout)
+
+    def test_the_report_has_a_row_for_each_file(self):
+        (self.drawings / "good, really.dxf").write_text(LINE)
+        (self.drawings / "empty.dxf").write_text(EMPTY)
+        missing = self.drawings / "missing.dxf"
+        done = self.batch(self.drawings, missing, "--to", "json")
+        self.assertEqual(done.returncode, 1)
+        rows = self.rows()
+        self.assertEqual({name: row["status"] for name, row in rows.items()},
+                         {"good, really.dxf": "ok", "empty.dxf": "empty", "missing.dxf": "failed"})
+        self.assertEqual(rows["good, really.dxf"]["results"], 1)
+        self.assertGreater(rows["good, really.dxf"]["peakKilobytes"], 100)
+        with open(self.out / "report.csv", newline="", encoding="utf-8") as file:
+            table = list(csv.DictReader(file))
+        self.assertEqual([row["status"] for row in table].count("ok"), 1)
+        self.assertIn(str(self.drawings / "good, really.dxf"), [row["input"] for row in table])
+
+    def test_a_file_that_takes_too_long_is_ended_and_leaves_no_piece(self):
+        (self.drawings / "slow.dxf").write_text(big_drawing(400_000))
+        (self.drawings / "quick.dxf").write_text(LINE)
+        done = self.batch(self.drawings, "--to", "html", "--timeout", "0.15")
+        self.assertEqual(done.returncode, 1)
+        rows = self.rows()
+        self.assertEqual(rows["slow.dxf"]["status"], "timed out")
+        self.assertEqual(sorted(p.name for p in self.out.iterdir() if "slow" in p.name), [])
+
+    def test_an_output_that_cannot_be_written_fails_alone(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "b.dxf").write_text(LINE)
+        (self.out / "a.dxf.svg").mkdir(parents=True)
+        self.assertEqual(self.batch(self.drawings, "--to", "svg").returncode, 1)
+        rows = self.rows()
+        self.assertEqual(rows["a.dxf"]["status"], "failed")
+        self.assertIn("a.dxf.svg", rows["a.dxf"]["message"])
+        self.assertEqual(rows["b.dxf"]["status"], "ok")
+
+    def test_two_files_of_one_name_get_two_outputs(self):
+        for folder in ("x", "y"):
+            (self.here / folder).mkdir()
+            (self.here / folder / "a.dxf").write_text(LINE)
+        self.batch(self.here / "x" / "a.dxf", self.here / "y" / "a.dxf", "--to", "svg")
+        self.assertEqual(sorted(p.name for p in self.out.glob("*.svg")), ["a.dxf-2.svg", "a.dxf.svg"])
+
+    def test_names_of_any_bytes_are_kept(self):
+        odd = os.fsencode(self.drawings) + b"/caf\xe9 \"q\"\n.dxf"
+        with open(odd, "w", encoding="ascii") as file:
+            file.write(LINE)
+        self.assertEqual(self.batch(self.drawings, "--to", "svg").returncode, 0)
+        self.assertIn(b"caf\xe9 \"q\"\n.dxf.svg", os.listdir(os.fsencode(self.out)))
+        stamp = os.stat(os.fsencode(self.out) + b"/caf\xe9 \"q\"\n.dxf.svg").st_mtime_ns
+        self.assertEqual(self.batch(self.drawings, "--to", "svg", "--resume").returncode, 0)
+        self.assertEqual(os.stat(os.fsencode(self.out) + b"/caf\xe9 \"q\"\n.dxf.svg").st_mtime_ns, stamp)
+
+    def test_an_interrupt_keeps_what_is_finished_and_resume_goes_on(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "b.dxf").write_text(big_drawing(600_000))
+        (self.drawings / "c.dxf").write_text(LINE)
+        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
+        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as running:
+            deadline = time.monotonic() + 60
+            while not (self.out / "a.dxf.html").exists() and time.monotonic() < deadline:
+                time.sleep(0.01)
+            time.sleep(0.1)
+            running.send_signal(signal.SIGINT)
+            output, errors = running.communicate(timeout=60)
+        self.assertEqual(running.returncode, 1)
+        self.assertIn(b"--resume", errors)
+        self.assertEqual(self.rows()["a.dxf"]["status"], "ok")
+        self.assertNotIn("c.dxf", self.rows())
+        self.assertEqual([p.name for p in self.out.iterdir() if "unfinished" in p.name], [])
+        (self.drawings / "b.dxf").write_text(LINE)
+        stamp = (self.out / "a.dxf.html").stat().st_mtime_ns
+        self.assertEqual(self.batch(self.drawings, "--to", "html", "--resume").returncode, 0)
+        self.assertEqual({row["status"] for row in self.rows().values()}, {"ok"})
+        self.assertEqual(len(self.rows()), 3)
+        self.assertEqual((self.out / "a.dxf.html").stat().st_mtime_ns, stamp)
+
+    def test_a_batch_of_nothing_and_an_unknown_format_are_told(self):
+        self.assertEqual(self.batch(self.drawings, "--to", "svg").returncode, 1)
+        self.assertEqual(self.batch(self.drawings, "--to", "tiff").returncode, 2)
+
+    def test_gnu_parallel_runs_the_same_command(self):
+        for name in ("a.dxf", "b c.dxf"):
+            (self.drawings / name).write_text(LINE)
+        self.out.mkdir()
+        command = f"'{PROGRAM}' convert --force {{}} -o '{self.out}'/{{/}}.svg"
+        names = b"\0".join(os.fsencode(p) for p in sorted(self.drawings.glob("*.dxf")))
+        done = subprocess.run(["parallel", "-0", "-S", ":", command], input=names, capture_output=True, timeout=120)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(sorted(p.name for p in self.out.iterdir()), ["a.dxf.svg", "b c.dxf.svg"])
+
+
+if __name__ == "__main__":
+    unittest.main()
