@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "contract/table_length.h"
 #include "contract/vtable_slot.h"
 #include "drawload/exports.h"
 #include "sink/my_draw_load.h"
@@ -14,15 +15,6 @@ std::vector<std::size_t> ResultSlots() {
   return {VtableSlot(&Object::TransMove),    VtableSlot(&Object::TransRotate),
           VtableSlot(&Object::TransMirrorX), VtableSlot(&Object::TransMirrorY),
           VtableSlot(&Object::TransDrag),    VtableSlot(&Object::CalRect)};
-}
-
-/// The slot of the first operation that a class derived from `Base` would add: the length of Base's table.
-template <typename Base>
-std::size_t TableLength() {
-  struct Probe : Base {
-    virtual void Behind() {}
-  };
-  return VtableSlot(&Probe::Behind);
 }
 
 const std::vector<std::size_t> kSixInOrder = {0, 1, 2, 3, 4, 5};
@@ -66,7 +58,7 @@ TEST(VtableOfDrawLoader, HoldsTheOperationsInOrderBehindTheDestructor) {
       VtableSlot(&DrawLoader::AddImage),     VtableSlot(&DrawLoader::AddViewport),
       VtableSlot(&DrawLoader::AddMLeader),   VtableSlot(&DrawLoader::AddPath),
       VtableSlot(&DrawLoader::BeginRead),    VtableSlot(&DrawLoader::EndRead)};
-  for (std::size_t i = 0; i < slots.size(); ++i) EXPECT_EQ(slots[i], kBehindDestructor + i);
+  ExpectInOrderBehindTheDestructor(slots);
 }
 
 TEST(VtableOfDrawLoader, HoldsADestructorAndThirtyTwoOperations) {
