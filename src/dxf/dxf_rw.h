@@ -9,8 +9,11 @@
 
 #include "dxf/dxf_blocks.h"
 #include "dxf/dxf_interface.h"
+#include "entity/entity.h"
 #include "entity/matrix2d.h"
 #include "sink/reader_interface.h"
+
+class DXF_Conversion;
 
 /// Reads a text DXF file: one pass into a record store, then the conversion of the model space to neutral
 /// entities. `Read` is true for every file that can be opened, whatever it holds.
@@ -28,9 +31,22 @@ class DXF_RW : public PARSE::DrawLoader {
 
  private:
   using Records = std::span<const std::unique_ptr<DXF_Entity>>;
+  using NeutralEntities = std::vector<std::shared_ptr<Entity_ZR::ZR_Entity>>;
+  class Sender;
+  class Collector;
 
   /// Converts the records in order and hands the entities to the sink.
   void convertList(Records records, PARSE::Context context);
+  /// Appends the entities of the block of that name to a list of a neutral entity, instead of calling the
+  /// sink.
+  void convertBlockInto(const std::string& name, NeutralEntities& target);
+
+  void convertRecords(Records records, PARSE::Context context);
+  void convertInsert(const DXF_Insert& record, PARSE::Context context);
+  template <typename Record, typename Entity>
+  void convertRecord(const Record& record, Entity& entity);
+  /// False where the expansion of blocks has made enough.
+  bool mayConvert(const DXF_Entity& record) const;
 
   DXF_EntityList ownedEntities;  ///< always empty in reading
   std::string sourcePath;
@@ -38,6 +54,7 @@ class DXF_RW : public PARSE::DrawLoader {
   Records modelEntities;                                    ///< the model space in the store
   std::unique_ptr<DXF_Interface> iface;                     ///< null between reads
   std::stack<Matrix2D, std::vector<Matrix2D>> insertStack;  ///< nesting of INSERT
+  DXF_Conversion* conversion = nullptr;                     ///< the one that runs; null between conversions
 };
 
 #endif

@@ -33,6 +33,7 @@ struct HatchPatternLine {
   double baseY = 0.0;
   double offsetX = 0.0;
   double offsetY = 0.0;
+  std::int32_t dashCount = 0;  ///< as the file states it; `dashes` may differ
   std::vector<double> dashes;
 
   bool operator==(const HatchPatternLine&) const = default;
@@ -45,17 +46,29 @@ class ZR_Hatch : public ZR_Entity {
   std::string patternName;
   std::int32_t fillType = 0;
   std::int32_t associative = 0;
-  std::int32_t pathCount = 0;
+  std::int32_t pathCount = 0;  ///< counts as the file states them; the lists may differ
+  std::int32_t pathFlags = 0;  ///< of the last path, as the next three
+  std::int32_t edgeCount = 0;
+  std::int32_t edgeType = 0;
+  std::int32_t sourceCount = 0;
   std::int32_t hatchStyle = 0;
   std::int32_t patternType = 0;
   double patternAngle = 0.0;
   double patternScale = 0.0;
   std::int32_t patternDouble = 0;
   double pixelSize = 0.0;
+  std::int32_t patternLineCount = 0;
   std::vector<HatchPatternLine> patternLines;
+  std::int32_t seedCount = 0;
   std::vector<Point3> seeds;
   std::int32_t gradientFlag = 0;
   std::int32_t gradientColorCount = 0;
+  std::int32_t gradientOneColor = 0;
+  std::int32_t gradientStopCount = 0;
+  double gradientAngle = 0.0;
+  double gradientShift = 0.0;
+  double gradientTint = 0.0;
+  double gradientValue = 0.0;
   std::string gradientName;
   std::vector<HatchEdge> edges;
 };

@@ -46,10 +46,10 @@ class OpenFile {
 
 }  // namespace
 
-std::optional<FileBytes> FileBytes::Read(const std::string& path) {
+std::optional<FileBytes> FileBytes::Read(const std::string& path, std::size_t mostBytes) {
   const OpenFile file(path);
   const std::optional<std::size_t> size = file.RegularSize();
-  if (!size) return std::nullopt;
+  if (!size || *size > mostBytes) return std::nullopt;
   auto bytes = std::make_unique_for_overwrite<char[]>(*size);
   const std::optional<std::size_t> filled = file.ReadInto(bytes.get(), *size);
   if (!filled) return std::nullopt;

@@ -2,6 +2,7 @@
 #define DRAWLOAD_SUPPORT_FILE_BYTES_H
 
 #include <cstddef>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,8 +14,9 @@ namespace support {
 class FileBytes {
  public:
   /// Reads the regular file at `path`. Nothing where it cannot be opened or read, or is not a regular file
-  /// (a pipe or a device could block for ever or have no end).
-  static std::optional<FileBytes> Read(const std::string& path);
+  /// (a pipe or a device could block for ever or have no end), or has more than `mostBytes`.
+  static std::optional<FileBytes> Read(const std::string& path,
+                                       std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
 
   std::string_view View() const { return {bytes.get(), size}; }
 

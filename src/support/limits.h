@@ -24,6 +24,27 @@ constexpr int kDxfTextRedecodings = 16;
 /// time costs a copy of the entry, and no look-up finds a copy whose name did not change.
 constexpr int kDxfEntryRepeats = 16;
 
+/// Entities that the expansion of DXF blocks may make, in units: four for an entity and one for each of its
+/// points. A small file of blocks in blocks can ask for any number; this base is two million lines, and each
+/// unit that the file itself holds adds to it. One outermost reference takes at most half of what is left.
+constexpr std::size_t kExpansionBase = 8'000'000;
+constexpr std::size_t kExpansionPerUnit = 16;
+
+/// Dashes of a DXF line type that are passed on. Programs write twelve at most; every entity gets a copy.
+constexpr std::size_t kLineTypeDashes = 1000;
+
+/// Bytes of the font names of a DXF text style. Every text gets a copy; no path is longer.
+constexpr std::size_t kStyleFontNameBytes = 4096;
+
+/// Items and paragraphs of one DXF paragraph text. An item takes twenty times the bytes of the code that asks
+/// for it; a million of them is a book.
+constexpr std::size_t kMTextItems = 1'000'000;
+constexpr std::size_t kMTextParagraphs = 250'000;
+
+/// Bytes of picture files that are read for one DXF drawing, and pixels that are decoded, in all. A drawing
+/// of a few bytes can name one large picture over and over.
+constexpr std::size_t kDrawingPictureWork = std::size_t{1} << 30;
+
 /// Pixels of one picture: an A3 sheet at 800 dots per inch. Decoding takes up to 16 bytes for each.
 constexpr std::size_t kPicturePixels = std::size_t{1} << 27;
 

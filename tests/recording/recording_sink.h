@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "entity/annotations.h"
 #include "entity/hatch.h"
 #include "entity/image.h"
 #include "entity/insert.h"
+#include "entity/mleader.h"
+#include "entity/mtext.h"
 #include "entity/path.h"
 #include "entity/polylines.h"
 #include "entity/shapes.h"
@@ -55,11 +58,26 @@ class RecordingSink : public PARSE::DrawLoader {
   }
   bool AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context) override { return Keep("AddArc", entity); }
   bool AddText(Entity_ZR::ZR_Text* entity, PARSE::Context) override { return Keep("AddText", entity); }
+  bool AddMText(Entity_ZR::ZR_MText* entity, PARSE::Context) override { return Keep("AddMText", entity); }
   bool AddInsert(Entity_ZR::ZR_Insert* entity, PARSE::Context) override { return Keep("AddInsert", entity); }
   bool AddHatch(Entity_ZR::ZR_Hatch* entity, PARSE::Context) override { return Keep("AddHatch", entity); }
   bool AddHelix(Entity_ZR::ZR_Helix* entity, PARSE::Context) override { return Keep("AddHelix", entity); }
+  bool AddMLine(Entity_ZR::ZR_MLine* entity, PARSE::Context) override { return Keep("AddMLine", entity); }
   bool AddSolid(Entity_ZR::ZR_Solid* entity, PARSE::Context) override { return Keep("AddSolid", entity); }
+  bool AddTable(Entity_ZR::ZR_Table* entity, PARSE::Context) override { return Keep("AddTable", entity); }
+  bool AddTolerance(Entity_ZR::ZR_Tolerance* entity, PARSE::Context) override {
+    return Keep("AddTolerance", entity);
+  }
+  bool AddDimension(Entity_ZR::ZR_Dimension* entity, PARSE::Context) override {
+    return Keep("AddDimension", entity);
+  }
   bool AddImage(Entity_ZR::ZR_Image* entity, PARSE::Context) override { return Keep("AddImage", entity); }
+  bool AddViewport(Entity_ZR::ZR_Viewport* entity, PARSE::Context) override {
+    return Keep("AddViewport", entity);
+  }
+  bool AddMLeader(Entity_ZR::ZR_MLeader* entity, PARSE::Context) override {
+    return Keep("AddMLeader", entity);
+  }
   bool AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) override { return Keep("AddPath", entity); }
 
   /// Names of all calls, in order.

@@ -1,0 +1,159 @@
+#include <memory>
+#include <type_traits>
+
+#include "dxf/convert.h"
+#include "dxf/dxf_rw.h"
+#include "support/limits.h"
+
+namespace {
+
+using PARSE::DrawLoader;
+
+/// Calls `take` with the record as what its kind says it is, with an entity of the neutral class, and with
+/// the operation that receives it. Block references and kinds without a neutral class are passed over.
+template <typename Take>
+void VisitRecord(const DXF_Entity& record, Take& take) {
+  using namespace Entity_ZR;
+  switch (record.kind) {
+    case kDxfPoint: return take.template With<DXF_Point, ZR_Point>(record, &DrawLoader::AddPoint);
+    case kDxfLine: return take.template With<DXF_Line, ZR_Line>(record, &DrawLoader::AddLine);
+    case kDxfPolyline: return take.template With<DXF_Polyline, ZR_Polyline>(record, &DrawLoader::AddPolyline);
+    case kDxfLWPolyline:
+      return take.template With<DXF_LWPolyline, ZR_LWPolyline>(record, &DrawLoader::AddLWPolyline);
+    case kDxfSpline: return take.template With<DXF_Spline, ZR_Spline>(record, &DrawLoader::AddSpline);
+    case kDxfCircle: return take.template With<DXF_Circle, ZR_Circle>(record, &DrawLoader::AddCircle);
+    case kDxfEllipse: return take.template With<DXF_Ellipse, ZR_Ellipse>(record, &DrawLoader::AddEllipse);
+    case kDxfArc: return take.template With<DXF_Arc, ZR_Arc>(record, &DrawLoader::AddArc);
+    case kDxfText: return take.template With<DXF_Text, ZR_Text>(record, &DrawLoader::AddText);
+    case kDxfMText: return take.template With<DXF_MText, ZR_MText>(record, &DrawLoader::AddMText);
+    case kDxfHatch: return take.template With<DXF_Hatch, ZR_Hatch>(record, &DrawLoader::AddHatch);
+    case kDxfHelix: return take.template With<DXF_Helix, ZR_Helix>(record, &DrawLoader::AddHelix);
+    case kDxfMline: return take.template With<DXF_Mline, ZR_MLine>(record, &DrawLoader::AddMLine);
+    case kDxfSolid: return take.template With<DXF_Solid, ZR_Solid>(record, &DrawLoader::AddSolid);
+    case kDxfTable: return take.template With<DXF_Table, ZR_Table>(record, &DrawLoader::AddTable);
+    case kDxfTolerance:
+      return take.template With<DXF_Entity, ZR_Tolerance>(record, &DrawLoader::AddTolerance);
+    case kDxfDimension:
+      return take.template With<DXF_Dimension, ZR_Dimension>(record, &DrawLoader::AddDimension);
+    case kDxfImage: return take.template With<DXF_Image, ZR_Image>(record, &DrawLoader::AddImage);
+    case kDxfViewport: return take.template With<DXF_Viewport, ZR_Viewport>(record, &DrawLoader::AddViewport);
+    case kDxfMLeader: return take.template With<DXF_MLeader, ZR_MLeader>(record, &DrawLoader::AddMLeader);
+    default: return;
+  }
+}
+
+}  // namespace
+
+/// Hands each entity to the sink. Entities live no longer than the call, whatever it answers.
+class DXF_RW::Sender {
+ public:
+  Sender(DXF_RW& owner, PARSE::Context callContext) : reader(owner), context(callContext) {}
+
+  // Not inlined: the entities of all kinds together would make large stack frames, one for each nested block.
+  template <typename Record, typename Entity>
+  [[gnu::noinline]] void With(const DXF_Entity& record, bool (DrawLoader::*add)(Entity*, PARSE::Context)) {
+    Entity entity;
+    reader.convertRecord(static_cast<const Record&>(record), entity);
+    (reader.sink->*add)(&entity, context);
+    // Kept: each text ends a group, although it began none, and so may end that of its block.
+    if constexpr (std::is_same_v<Entity, Entity_ZR::ZR_Text>) reader.sink->EndGroup(context);
+  }
+
+ private:
+  DXF_RW& reader;
+  PARSE::Context context;
+};
+
+/// Appends each entity to a list.
+class DXF_RW::Collector {
+ public:
+  Collector(DXF_RW& owner, NeutralEntities& list) : reader(owner), target(list) {}
+
+  template <typename Record, typename Entity>
+  [[gnu::noinline]] void With(const DXF_Entity& record, bool (DrawLoader::*)(Entity*, PARSE::Context)) {
+    auto entity = std::make_shared<Entity>();
+    reader.convertRecord(static_cast<const Record&>(record), *entity);
+    target.push_back(std::move(entity));
+  }
+
+ private:
+  DXF_RW& reader;
+  NeutralEntities& target;
+};
+
+template <typename Record, typename Entity>
+void DXF_RW::convertRecord(const Record& record, Entity& entity) {
+  fillEntity(*conversion, record, entity);
+  if constexpr (std::is_same_v<Entity, Entity_ZR::ZR_Table>) {
+    convertBlockInto(entity.blockName, entity.entities);
+  }
+  if constexpr (std::is_same_v<Entity, Entity_ZR::ZR_Insert>) {
+    const Matrix2D* outer = insertStack.empty() ? nullptr : &insertStack.top();
+    const DXF_Block* block = conversion->document.findBlock(record.blockName);
+    entity.matrix = placeInsert(record, block, entity.matrix, outer);
+  }
+}
+
+void DXF_RW::convertInsert(const DXF_Insert& record, PARSE::Context context) {
+  Entity_ZR::ZR_Insert entity;
+  convertRecord(record, entity);
+  insertStack.push(entity.matrix);
+  sink->BeginGroup(context);
+  if (sink->AddInsert(&entity, context) && conversion->blockDepth < support::limits::kInsertDepth) {
+    const DXF_BlockScope scope(*conversion);
+    DrawBlock(record.blockName, context);
+  }
+  insertStack.pop();
+  sink->EndGroup(context);
+}
+
+bool DXF_RW::mayConvert(const DXF_Entity& record) const {
+  return conversion->blockDepth == 0 || conversion->budget.Pay(record);
+}
+
+void DXF_RW::convertRecords(Records records, PARSE::Context context) {
+  Sender sender(*this, context);
+  for (const auto& record : records) {
+    if (!mayConvert(*record)) return;
+    if (record->kind == kDxfInsert) {
+      convertInsert(static_cast<const DXF_Insert&>(*record), context);
+    } else {
+      VisitRecord(*record, sender);
+    }
+  }
+}
+
+void DXF_RW::convertList(Records records, PARSE::Context context) {
+  if (iface == nullptr || sink == nullptr) return;
+  if (conversion != nullptr) {
+    convertRecords(records, context);
+    return;
+  }
+  DXF_Conversion running(*iface->document);
+  insertStack = {};
+  conversion = &running;
+  const auto stop = [](DXF_Conversion** slot) { *slot = nullptr; };
+  const std::unique_ptr<DXF_Conversion*, decltype(stop)> atEnd(&conversion, stop);
+  convertRecords(records, context);
+}
+
+void DXF_RW::DrawBlock(const std::string& name, PARSE::Context context) {
+  if (iface == nullptr) return;
+  const DXF_ifaceBlock* block = iface->document->findBlock(name);
+  if (block != nullptr) convertList(block->entities, context);
+}
+
+void DXF_RW::convertBlockInto(const std::string& name, NeutralEntities& target) {
+  const DXF_ifaceBlock* block = conversion->document.findBlock(name);
+  if (block == nullptr || conversion->blockDepth >= support::limits::kInsertDepth) return;
+  const DXF_BlockScope scope(*conversion);
+  Collector collector(*this, target);
+  for (const auto& record : block->entities) {
+    if (!mayConvert(*record)) return;
+    if (record->kind == kDxfInsert) {
+      collector.With<DXF_Insert, Entity_ZR::ZR_Insert>(*record, &DrawLoader::AddInsert);
+    } else {
+      VisitRecord(*record, collector);
+    }
+  }
+}

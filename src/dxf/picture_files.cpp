@@ -1,0 +1,23 @@
+#include "dxf/picture_files.h"
+
+#include <optional>
+
+#include "support/file_bytes.h"
+
+bool DXF_PictureFiles::Spend(std::size_t amount) {
+  if (amount > workLeft) return false;
+  workLeft -= amount;
+  return true;
+}
+
+support::Picture DXF_PictureFiles::Load(const DXF_ImageDef& definition) {
+  if (definition.path.empty()) return {};
+  if (lastDefinition != &definition) {
+    lastDefinition = &definition;
+    lastPicture = {};
+    const std::optional<support::FileBytes> file = support::FileBytes::Read(definition.path, workLeft);
+    if (!file || !Spend(file->View().size())) return {};
+    lastPicture = support::DecodePicture(file->View());
+  }
+  return Spend(lastPicture.pixelBytes) ? lastPicture : support::Picture{};
+}

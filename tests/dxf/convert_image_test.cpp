@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "drawing.h"
+
+namespace {
+
+using namespace Entity_ZR;
+
+const std::string kImage = "0|IMAGE|10|1|20|2|30|3|11|0.5|21|0|31|0|12|0|22|0.25|32|0|340|A1|13|40|23|30";
+
+Drawing WithPicture(const std::string& path, const std::string& definitionTags = "") {
+  Drawing drawing;
+  drawing.entities = kImage;
+  drawing.objects = "0|DICTIONARY|5|9|0|IMAGEDEF|5|a1|1|" + path + "|" + definitionTags;
+  return drawing;
+}
+
+TEST(ConvertImage, CopiesItsPlace) {
+  const auto image = ReadOne<ZR_Image>(kImage);
+  EXPECT_EQ(image->position, (Point3{1, 2, 3}));
+  EXPECT_EQ(image->uVector, (Point3{0.5, 0, 0}));
+  EXPECT_EQ(image->vVector, (Point3{0, 0.25, 0}));
+  EXPECT_EQ(image->displayWidth, 40.0);
+  EXPECT_EQ(image->displayHeight, 30.0);
+}
+
+TEST(ConvertImage, HasNoPictureWithoutItsDefinition) {
+  const auto image = ReadOne<ZR_Image>(kImage);
+  EXPECT_EQ(image->pixels, nullptr);
+  EXPECT_EQ(image->width, 0);
+}
+
+TEST(ConvertImage, DecodesTheFileThatItsDefinitionNames) {
+  const TemporaryFile picture("pgm", "P5 3 2 255\nabcdef");
+  const auto image = ReadOne<ZR_Image>(WithPicture(picture.path, "280|1|281|2"));
+  EXPECT_EQ(image->width, 3);
+  EXPECT_EQ(image->height, 2);
+  EXPECT_EQ(image->channels, 1);
+  ASSERT_EQ(image->pixelBytes, 6u);
+  EXPECT_EQ(std::string(image->pixels.get(), image->pixels.get() + 6), "abcdef");
+  EXPECT_EQ(image->loaded, 1);
+  EXPECT_EQ(image->resolutionUnits, 2);
+}
+
+TEST(ConvertImage, TakesAnyLoadedValueButZeroAsLoaded) {
+  EXPECT_EQ(ReadOne<ZR_Image>(WithPicture("nowhere.png", "280|7"))->loaded, 1);
+  EXPECT_EQ(ReadOne<ZR_Image>(WithPicture("nowhere.png", "280|0"))->loaded, 0);
+}
+
+TEST(ConvertImage, HasNoPictureWhereTheFileIsMissingOrNoPicture) {
+  EXPECT_EQ(ReadOne<ZR_Image>(WithPicture("/nowhere/picture.png"))->pixels, nullptr);
+  EXPECT_EQ(ReadOne<ZR_Image>(WithPicture(testing::TempDir()))->pixels, nullptr);
+  const TemporaryFile text("png", "this is no picture");
+  EXPECT_EQ(ReadOne<ZR_Image>(WithPicture(text.path))->pixels, nullptr);
+}
+
+TEST(ConvertImage, DoesNotLookForTheFileBesideTheDrawing) {
+  const TemporaryFile picture("pgm", "P5 1 1 255\na");
+  const std::string name = picture.path.substr(picture.path.rfind('/') + 1);
+  EXPECT_EQ(ReadOne<ZR_Image>(WithPicture(name))->pixels, nullptr);
+}
+
+TEST(ConvertImage, GivesEveryImageOfOneDefinitionThePicture) {
+  const TemporaryFile picture("pgm", "P5 1 1 255\na");
+  Drawing drawing = WithPicture(picture.path);
+  drawing.entities += "|" + kImage;
+  RecordingSink sink;
+  ReadInto(sink, drawing);
+  ASSERT_EQ(sink.All<ZR_Image>().size(), 2u);
+  for (const auto& image : sink.All<ZR_Image>()) EXPECT_EQ(image->width, 1);
+}
+
+TEST(ConvertImage, StopsHandingOutPicturesAtTheBoundOfADrawing) {
+  // Each image stands for a million pixels; the bound allows for a little over a thousand of them.
+  const TemporaryFile picture("pgm", "P5 1000 1000 255\n" + std::string(1'000'000, 'x'));
+  Drawing drawing = WithPicture(picture.path);
+  for (int i = 0; i < 1200; ++i) drawing.entities += "|" + kImage;
+  RecordingSink sink;
+  ReadInto(sink, drawing);
+  const auto images = sink.All<ZR_Image>();
+  ASSERT_EQ(images.size(), 1201u);
+  EXPECT_NE(images[1000]->pixels, nullptr);
+  EXPECT_EQ(images[1200]->pixels, nullptr);
+}
+
+}  // namespace
