@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "dxf/dxf_rw.h"
+#include "pdf/pdf_rw.h"
 #include "sink/my_draw_load.h"
 
 namespace {
@@ -36,6 +37,7 @@ bool DispatchFile(CMyDrawLoad& sink, std::string path) {
   sink.dispatcher->fileType = sink.fileType;
   sink.dispatcher->sink = &sink;
   const std::string extension = ExtensionOf(path);
+  if (extension == "pdf") return ReadWith<PDF_RW>(sink, path, PARSE::kPdfFile);
   if (extension == "dxf") return ReadWith<DXF_RW>(sink, path, PARSE::kDxfFile);
   return true;
 }

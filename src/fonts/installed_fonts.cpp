@@ -37,7 +37,7 @@ void InstalledFonts::ConfigDeleter::operator()(FcConfig* owned) const { FcConfig
 
 InstalledFonts::InstalledFonts() : config(FcInitLoadConfigAndFonts()) {}
 
-std::string InstalledFonts::StyleSearch(const std::string& name) const {
+StyledFont InstalledFonts::FindStyled(const std::string& name) const {
   const std::size_t hyphen = name.find('-');
   if (config == nullptr || hyphen == name.npos) return {};
   const OwnedPattern pattern = ParseName(name);
@@ -50,8 +50,9 @@ std::string InstalledFonts::StyleSearch(const std::string& name) const {
     const FcPattern& font = *found->fonts[i];
     const char* file = TextOf(font, FC_FILE);
     const char* style = TextOf(font, FC_STYLE);
-    if (file == nullptr || style == nullptr || TextOf(font, FC_FAMILY) == nullptr) continue;
-    if (std::strstr(style, wantedStyle) != nullptr) return file;
+    const char* family = TextOf(font, FC_FAMILY);
+    if (file == nullptr || style == nullptr || family == nullptr) continue;
+    if (std::strstr(style, wantedStyle) != nullptr) return {file, family, style};
   }
   return {};
 }

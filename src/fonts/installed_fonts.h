@@ -8,6 +8,13 @@ using FcConfig = struct _FcConfig;
 
 namespace fonts {
 
+/// An installed font. Empty where none was found.
+struct StyledFont {
+  std::string file;
+  std::string family;
+  std::string style;
+};
+
 /// The fonts that the system offers, by a Fontconfig configuration of its own: the host program's stays as it
 /// is, and nothing of this one outlives the object.
 class InstalledFonts {
@@ -15,8 +22,11 @@ class InstalledFonts {
   InstalledFonts();
 
   /// The first font in the order of Fontconfig's list for `name` whose style holds the text behind the first
-  /// "-" of `name`: the path of its file. Empty where there is none, or no "-".
-  std::string StyleSearch(const std::string& name) const;
+  /// "-" of `name`. Empty where there is none, or no "-".
+  StyledFont FindStyled(const std::string& name) const;
+
+  /// The path of that font's file.
+  std::string StyleSearch(const std::string& name) const { return FindStyled(name).file; }
 
   /// The file of the font that Fontconfig would take for `name`; empty where it has none.
   std::string BestMatch(const std::string& name) const;

@@ -91,6 +91,28 @@ constexpr int kPdfFunctionDepth = 16;
 /// Attempts to inflate one PDF stream that zlib calls corrupt; each one writes its note.
 constexpr int kPdfFlateTries = 3;
 
+/// Nesting of PDF forms within forms. Real pages nest a handful deep; each level costs stack.
+constexpr int kPdfFormDepth = 64;
+
+/// States that one PDF content text may have saved and not yet restored. Real pages stay below a hundred.
+constexpr std::size_t kPdfSavedStates = 10000;
+
+/// Nesting of a PDF page tree, and entries in its list of pages. Trees are shallow (each node has up to some
+/// hundred kids); a few nodes that name each other over and over could make a list without end.
+constexpr int kPdfPageTreeDepth = 256;
+constexpr std::size_t kPdfPages = 250000;
+
+/// Objects that lead from a composite PDF font to its descendant: the font's array may be one of its own.
+constexpr int kPdfDescendantSteps = 16;
+
+/// How often the characters of one PDF text line may be shown in all: a closing bracket takes the text back
+/// to the last opening one, so escaped brackets repeat a little, and a line of nothing else would grow with
+/// the square of its length.
+constexpr std::size_t kPdfShownMultiple = 16;
+
+/// Decoded content streams of a PDF file that are kept for other pages that name them.
+constexpr std::size_t kPdfKeptContentBytes = std::size_t{64} << 20;
+
 /// Knots of a spline, where it is made or its knots are set from outside. Bounds the work on one curve; what
 /// the kernel makes of it may have more.
 constexpr std::uint32_t kSplineKnots = 50000;

@@ -1,0 +1,34 @@
+#include "pdf/object_source.h"
+
+#include <stdexcept>
+
+namespace pdf {
+
+std::shared_ptr<const PdfObject> ObjectSource::Fetch(std::int32_t objectNumber) {
+  return FetchObject(*document.reader, document.section, objectNumber);
+}
+
+PdfFetchedStream ObjectSource::FetchStream(std::int32_t objectNumber) {
+  const auto entry = document.section.entries.find(static_cast<std::uint32_t>(objectNumber));
+  if (entry != document.section.entries.end() && entry->second.inObjectStream) dependsOnEarlierRead = true;
+  std::shared_ptr<const PdfObject> object = Fetch(objectNumber);
+  return {std::move(object), document.reader->stream};
+}
+
+bool ObjectSource::ReadStreamKey(const PdfTokens& tokens, std::size_t& index, PdfStreamKeys& keys) {
+  return pdf::ReadStreamKey(*document.reader, document.section, tokens, index, keys);
+}
+
+void ObjectSource::Decode(std::string_view stream, const PdfStreamKeys& keys, PdfStreamData& data) {
+  data.input = FirstBytes(stream, keys.length);
+  data.length = static_cast<std::uint32_t>(keys.length);
+  data.filters = keys.filters;
+  DecodeStream(data, Notes(), Budget());
+}
+
+void AppendDecoded(const PdfStreamData& data, std::string& text) {
+  if (data.length > data.decoded.size()) throw std::out_of_range("decoded bytes of a stream");
+  text.append(data.decoded, 0, data.length);
+}
+
+}  // namespace pdf

@@ -1,0 +1,145 @@
+#include "pdf/page_reader.h"
+
+#include <utility>
+
+#include "pdf/content_interpreter.h"
+#include "pdf/content_text.h"
+#include "pdf/page_tree.h"
+#include "pdf/token_walk.h"
+#include "support/limits.h"
+#include "support/text_to_number.h"
+
+namespace pdf {
+
+namespace {
+
+using support::AtoI;
+
+/// The tokens of an object without the "N G obj" before them and the "endobj" behind them. An object from an
+/// object stream has neither.
+PdfTokens BodyOf(const PdfTokens& tokens) {
+  auto begin = tokens.begin();
+  auto end = tokens.end();
+  if (tokens.size() >= 3 && tokens[2] == "obj") begin += 3;
+  if (begin != end && *(end - 1) == "endobj") --end;
+  while (begin != end && begin->empty()) ++begin;
+  return PdfTokens(begin, end);
+}
+
+/// Appends the stream numbers behind the key at `index`, which moves to the last token of the value.
+void ReadContentsKey(const PdfTokens& tokens, std::size_t& index, std::vector<std::int32_t>& numbers) {
+  if (tokens.at(index + 1) != "[") {
+    numbers.push_back(AtoI(tokens[++index]));
+    return;
+  }
+  for (const std::int32_t number : ReferencesFrom(tokens, index + 2)) numbers.push_back(number);
+  index = EndOfArray(tokens, index + 2);
+}
+
+}  // namespace
+
+std::vector<PDF_Page> PageReader::ReadAll(std::int32_t catalog) {
+  std::vector<PDF_Page> pages;
+  for (const std::int32_t number : ListPages(source, catalog)) {
+    if (source.Budget().Left() == 0) break;
+    pages.push_back(ReadPage(number));
+  }
+  return pages;
+}
+
+PDF_Page PageReader::ReadPage(std::int32_t number) {
+  const auto object = source.Fetch(number);
+  PdfTokens tokens = object->tokens;
+  PDF_Page page;
+  PageResources resources;
+  std::vector<std::int32_t> contents;
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    if (tokens[i] == "/Type") {
+      ++i;
+    } else if (tokens[i] == "/Resources") {
+      ReadResources(tokens, i, resources);
+    } else if (tokens[i] == "/MediaBox") {
+      page.mediaBox = BoxBehind(tokens, i);
+    } else if (tokens[i] == "/Contents") {
+      ReadContentsKey(tokens, i, contents);
+    }
+  }
+  const std::string text = ContentText(contents);
+  ContentInterpreter(resources, source.Budget(), page).Run(text);
+  inserted.clear();
+  return page;
+}
+
+/// Reads the resources behind the key at `index`, which moves to their last token. A dictionary in an object
+/// of its own takes the place of its reference in `tokens`.
+void PageReader::ReadResources(PdfTokens& tokens, std::size_t& index, PageResources& resources) {
+  if (tokens.at(index + 3) == "R") {
+    const auto object = source.Fetch(AtoI(tokens[index + 1]));
+    inserted.push_back(object);
+    const PdfTokens body = BodyOf(object->tokens);
+    if (!source.Budget().Take((tokens.size() + body.size()) * sizeof(std::string_view))) return;
+    const auto reference = tokens.begin() + static_cast<std::ptrdiff_t>(index) + 1;
+    tokens.insert(tokens.erase(reference, reference + 3), body.begin(), body.end());
+  }
+  if (tokens.at(index + 1) != "<<") return;
+  resourceReader.Read(tokens, ++index, resources);
+}
+
+PageReader::ContentStream PageReader::FindContent(std::int32_t number) {
+  source.dependsOnEarlierRead = false;
+  const auto [object, stream] = source.FetchStream(number);
+  ContentStream content = {number, !source.dependsOnEarlierRead, {}, {}};
+  for (std::size_t i = 0; i < object->tokens.size(); ++i) {
+    source.ReadStreamKey(object->tokens, i, content.keys);
+  }
+  content.bytes = FirstBytes(stream, content.keys.length);
+  return content;
+}
+
+std::shared_ptr<const std::string> PageReader::DecodeContent(const ContentStream& content) {
+  const auto known = keptContents.find(content.number);
+  if (content.isKeepable && known != keptContents.end()) {
+    source.Notes().Replay(known->second.notes);
+    return known->second.text;
+  }
+  const PdfNotes::Recording recording(source.Notes());
+  PdfStreamData data;
+  source.Decode(content.bytes, content.keys, data);
+  auto text = std::make_shared<std::string>();
+  if (data.length == data.decoded.size()) {
+    *text = std::move(data.decoded);
+  } else {
+    AppendDecoded(data, *text);
+  }
+  if (content.isKeepable) KeepContent(content.number, {text, recording.Taken()});
+  return text;
+}
+
+void PageReader::KeepContent(std::int32_t number, KeptContent content) {
+  const std::size_t bytes = content.text->size();
+  if (keptBytes + bytes > support::limits::kPdfKeptContentBytes) {
+    keptContents.clear();
+    keptBytes = 0;
+  }
+  keptBytes += bytes;
+  keptContents.emplace(number, std::move(content));
+}
+
+/// The streams' texts, one behind the other with nothing between them, normalised.
+std::string PageReader::ContentText(const std::vector<std::int32_t>& numbers) {
+  std::vector<ContentStream> streams;
+  for (const std::int32_t number : numbers) streams.push_back(FindContent(number));
+  if (streams.size() == 1) {
+    const auto text = DecodeContent(streams.front());
+    return source.Budget().Take(text->size()) ? NormaliseContentText(*text) : std::string();
+  }
+  std::string joined;
+  for (const ContentStream& stream : streams) {
+    const auto text = DecodeContent(stream);
+    if (!source.Budget().Take(2 * text->size())) return {};
+    joined += *text;
+  }
+  return NormaliseContentText(joined);
+}
+
+}  // namespace pdf

@@ -1,0 +1,56 @@
+#ifndef DRAWLOAD_PDF_PAGE_READER_H
+#define DRAWLOAD_PDF_PAGE_READER_H
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "pdf/object_source.h"
+#include "pdf/page_records.h"
+#include "pdf/resource_reader.h"
+
+namespace pdf {
+
+/// Reads the pages of a document and runs their content. A page uses only what its own dictionary says.
+class PageReader {
+ public:
+  explicit PageReader(PdfDocument& document) : source(document), resourceReader(source) {}
+
+  /// All pages in the order of the page tree, until the budget is used up. Throws `std::out_of_range` where
+  /// an object or a content text breaks off.
+  std::vector<PDF_Page> ReadAll(std::int32_t catalog);
+
+ private:
+  /// A content stream as it was found; decoded when all of a page's streams are found.
+  struct ContentStream {
+    std::int32_t number;
+    bool isKeepable;
+    PdfStreamKeys keys;
+    std::string_view bytes;
+  };
+
+  struct KeptContent {
+    std::shared_ptr<const std::string> text;
+    std::string notes;
+  };
+
+  PDF_Page ReadPage(std::int32_t number);
+  void ReadResources(PdfTokens& tokens, std::size_t& index, PageResources& resources);
+  ContentStream FindContent(std::int32_t number);
+  std::shared_ptr<const std::string> DecodeContent(const ContentStream& content);
+  void KeepContent(std::int32_t number, KeptContent content);
+  std::string ContentText(const std::vector<std::int32_t>& numbers);
+
+  ObjectSource source;
+  ResourceReader resourceReader;
+  std::vector<std::shared_ptr<const PdfObject>> inserted;  ///< what the tokens of the page are views into
+  std::unordered_map<std::int32_t, KeptContent> keptContents;
+  std::size_t keptBytes = 0;
+};
+
+}  // namespace pdf
+
+#endif

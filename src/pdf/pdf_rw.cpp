@@ -1,0 +1,70 @@
+#include "pdf/pdf_rw.h"
+
+#include <variant>
+
+#include "pdf/page_conversion.h"
+#include "pdf/page_reader.h"
+
+PDF_RW::~PDF_RW() { PDF_RW::ResetReader(); }
+
+void PDF_RW::ResetReader() {
+  document.reset();
+  fontNames.reset();
+  path.clear();
+  version = 0.0;
+  pages.clear();
+}
+
+bool PDF_RW::Read(const std::string& filePath, PARSE::Context context) {
+  const std::string name = filePath;
+  ResetReader();
+  sink->BeginFile(context);
+  document = std::make_unique<pdf::PdfDocument>(name);
+  const bool opened = document->Open();
+  if (opened) {
+    pages = pdf::PageReader(*document).ReadAll(document->catalog);
+    path = name;
+    version = document->version;
+  }
+  document.reset();
+  if (opened) WritePages(context);
+  sink->EndFile(context);
+  return opened;
+}
+
+void PDF_RW::WritePages(PARSE::Context context) {
+  fontNames = std::make_unique<pdf::FontNames>();
+  for (pdf::PDF_Page& page : pages) {
+    constexpr double k = pdf::kMillimetresPerUnit;
+    // Kept: the far corner of the box stands where the size is expected.
+    const PARSE::PageRect rect = {page.mediaBox[0] * k, page.mediaBox[1] * k, page.mediaBox[2] * k,
+                                  page.mediaBox[3] * k};
+    sink->SetPage(&rect, context);
+    WriteEntities(page, context);
+    page.entities = {};
+  }
+}
+
+void PDF_RW::WriteEntities(const pdf::PDF_Page& page, PARSE::Context context) {
+  for (const pdf::PDF_Entity& entity : page.entities) {
+    std::visit([&](const auto& record) { WriteRecord(record, context); }, entity);
+  }
+}
+
+void PDF_RW::WriteRecord(const pdf::PDF_PagePath& record, PARSE::Context context) {
+  Entity_ZR::ZR_Path entity;
+  pdf::ConvertPath(record, entity);
+  sink->AddPath(&entity, context);
+}
+
+void PDF_RW::WriteRecord(const pdf::PDF_PageText& record, PARSE::Context context) {
+  Entity_ZR::ZR_Text entity;
+  pdf::ConvertText(record, *fontNames, entity);
+  sink->AddText(&entity, context);
+}
+
+void PDF_RW::WriteRecord(const pdf::PDF_PageImage& record, PARSE::Context context) {
+  Entity_ZR::ZR_Image entity;
+  pdf::ConvertImage(record, entity);
+  sink->AddImage(&entity, context);
+}

@@ -1,0 +1,215 @@
+#include "pdf/page_reader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "pdf/open_pdf.h"
+#include "pdf/page_tree.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+std::vector<std::int32_t> ListOf(const std::string& file) {
+  OpenPdf opened(file);
+  pdf::ObjectSource source(opened.document);
+  return pdf::ListPages(source, opened.document.catalog);
+}
+
+TEST(PageTree, ListsPagesInOrder) {
+  PdfBuilder file;
+  const int first = file.AddPage("");
+  const int second = file.AddPage("");
+  EXPECT_THAT(ListOf(file.BuildPages({first, second})), ElementsAre(first, second));
+}
+
+TEST(PageTree, ListsEachNodeBehindItsKids) {
+  PdfBuilder file;
+  const int a = file.AddPage("");
+  const int b = file.AddPage("");
+  const int left = file.AddNode({a, b});
+  const int c = file.AddPage("");
+  const int d = file.AddPage("");
+  const int right = file.AddNode({c, d});
+  const std::string bytes = file.BuildPages({left, right});
+  EXPECT_THAT(ListOf(bytes), ElementsAre(a, b, left, c, d, right));
+  EXPECT_THAT(PagesOf(bytes), SizeIs(6));
+}
+
+TEST(PageTree, WhoseRootIsAPageIsEmpty) {
+  PdfBuilder file;
+  const int page = file.AddPage("");
+  EXPECT_THAT(ListOf(file.Build(file.AddCatalog(page))), IsEmpty());
+}
+
+TEST(PageTree, OfACatalogWithoutPagesIsEmpty) {
+  PdfBuilder file;
+  EXPECT_THAT(ListOf(file.Build(file.Add("<< /Type /Catalog >>"))), IsEmpty());
+}
+
+TEST(PageTree, KidsInAnObjectOfTheirOwnAreNotFollowed) {
+  PdfBuilder file;
+  const int page = file.AddPage("");
+  const int kids = file.Add("[ " + PdfBuilder::Reference(page) + " ]");
+  const int node = file.Add("<< /Type /Pages /Kids " + PdfBuilder::Reference(kids) + " >>");
+  EXPECT_THAT(ListOf(file.Build(file.AddCatalog(node))), IsEmpty());
+}
+
+TEST(PageTree, ANodeWithoutATypeIsStillWalked) {
+  PdfBuilder file;
+  const int page = file.AddPage("");
+  const int node = file.Add("<< /Kids [ " + PdfBuilder::Reference(page) + " ] >>");
+  EXPECT_THAT(ListOf(file.Build(file.AddCatalog(node))), ElementsAre(page));
+}
+
+TEST(PageTree, KidsWithoutAnEndEndTheRead) {
+  PdfBuilder file;
+  const int node = file.Add("<< /Type /Pages /Kids [ 1 0 R >>");
+  EXPECT_THROW(ListOf(file.Build(file.AddCatalog(node))), std::out_of_range);
+}
+
+TEST(PageTree, ANodeAmongItsOwnKidsIsSkipped) {
+  PdfBuilder file;
+  const int page = file.AddPage("");
+  const int node = page + 1;
+  file.AddNode({node, page, node});
+  EXPECT_THAT(ListOf(file.Build(file.AddCatalog(node))), ElementsAre(page));
+}
+
+TEST(PageTree, NodesThatNameEachOtherOverAndOverEndAtTheLimit) {
+  PdfBuilder file;
+  int node = file.Add("<< /Type /Page >>");
+  for (int i = 0; i < 40; ++i) node = file.AddNode({node, node});
+  EXPECT_THAT(ListOf(file.Build(file.AddCatalog(node))), SizeIs(support::limits::kPdfPages));
+}
+
+TEST(Page, HasItsOwnBox) {
+  PdfBuilder file;
+  const int page = file.Add("<< /Type /Page /MediaBox [ 1 2.5 300 -4 ] >>");
+  EXPECT_THAT(PagesOf(file.BuildPages({page}))[0].mediaBox, ElementsAre(1.0, 2.5, 300.0, -4.0));
+}
+
+TEST(Page, InheritsNothing) {
+  PdfBuilder file;
+  const int font = file.Add("<< /Type /Font /BaseFont /Arial >>");
+  const int stream = file.AddStream("/F1 9 Tf\n(a) Tj\n");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  const int node = file.Add("<< /Type /Pages /MediaBox [ 0 0 9 9 ] /Kids [ " + PdfBuilder::Reference(page) +
+                            " ] /Resources << /Font << /F1 " + PdfBuilder::Reference(font) + " >> >> >>");
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(file.AddCatalog(node)));
+  ASSERT_THAT(pages, SizeIs(1));
+  EXPECT_THAT(pages[0].mediaBox, ElementsAre(0.0, 0.0, 0.0, 0.0));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "SimSun");
+}
+
+TEST(Page, WithoutABoxDoesNotTakeThatOfThePageBefore) {
+  PdfBuilder file;
+  const int first = file.AddPage("");
+  const int second = file.Add("<< /Type /Page >>");
+  EXPECT_THAT(PagesOf(file.BuildPages({first, second}))[1].mediaBox, ElementsAre(0.0, 0.0, 0.0, 0.0));
+}
+
+TEST(Page, AnIndirectBoxIsNotFollowed) {
+  PdfBuilder file;
+  const int box = file.Add("[ 0 0 612 792 ]");
+  const int page = file.Add("<< /Type /Page /MediaBox " + PdfBuilder::Reference(box) + " /Rotate 90 >>");
+  // The numbers two to five places behind the key: "0", "R", "/Rotate", "90".
+  EXPECT_THAT(PagesOf(file.BuildPages({page}))[0].mediaBox, ElementsAre(0.0, 0.0, 0.0, 90.0));
+}
+
+TEST(Page, ContentsMayBeAnArrayAndAreOneText) {
+  PdfBuilder file;
+  const int a = file.AddStream("(a");
+  const int b = file.AddStream("b) T");
+  const int c = file.AddStream("j\n");
+  const int page = file.Add("<< /Type /Page /Contents [ " + PdfBuilder::Reference(a) + " " +
+                            PdfBuilder::Reference(b) + " " + PdfBuilder::Reference(c) + " ] >>");
+  EXPECT_THAT(TextsOf(PagesOf(file.BuildPages({page}))[0]), ElementsAre("ab"));
+}
+
+TEST(Page, ContentsKeysAddUp) {
+  PdfBuilder file;
+  const int a = file.AddStream("(a) Tj\n");
+  const int b = file.AddStream("(b) Tj\n");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(a) + " /Contents " +
+                            PdfBuilder::Reference(b) + " >>");
+  EXPECT_THAT(TextsOf(PagesOf(file.BuildPages({page}))[0]), ElementsAre("a", "b"));
+}
+
+TEST(Page, ALengthInAnObjectOfItsOwnIsFollowed) {
+  PdfBuilder file;
+  const int length = file.Add("7");
+  const int stream = file.AddStreamOfLength("(a) Tj\n(b) Tj\n", PdfBuilder::Reference(length));
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  EXPECT_THAT(TextsOf(PagesOf(file.BuildPages({page}))[0]), ElementsAre("a"));
+}
+
+TEST(Page, ALengthBeyondTheDataEndsTheRead) {
+  PdfBuilder file;
+  const int stream = file.AddStreamOfLength("(a) Tj\n", "5000");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  EXPECT_THROW(PagesOf(file.BuildPages({page})), std::out_of_range);
+}
+
+TEST(Page, ADecodedTextShorterThanTheLengthEndsTheRead) {
+  PdfBuilder file;
+  const int stream = file.AddStream("(a) Tj\n", "/Filter /Crypt");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  EXPECT_THROW(PagesOf(file.BuildPages({page})), std::out_of_range);
+}
+
+TEST(Page, TextInRunLengthIsCutToItsEncodedLength) {
+  // Nine bytes that stand for thirteen: "S", a line end, eight blanks, a line end, "S" and a line end.
+  const std::string encoded = {1, 'S', '\n', '\xF9', ' ', 2, '\n', 'S', '\n'};
+  PdfBuilder file;
+  const int stream = file.AddStream(encoded, "/Filter /RunLengthDecode");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  EXPECT_THAT(PagesOf(file.BuildPages({page}))[0].entities, SizeIs(1));
+}
+
+TEST(Page, ResourcesByReferenceAndInlineAreTheSame) {
+  for (const bool indirect : {false, true}) {
+    PdfBuilder file;
+    const int font = file.Add("<< /Type /Font /BaseFont /Arial >>");
+    const std::string dictionary = "<< /Font << /F1 " + PdfBuilder::Reference(font) + " >> >>";
+    const std::string value = indirect ? PdfBuilder::Reference(file.Add(dictionary)) : dictionary;
+    const int page = file.AddPage("/F1 9 Tf\n(a) Tj\n", "/Resources " + value);
+    const std::vector<pdf::PDF_Page> pages = PagesOf(file.BuildPages({page}));
+    EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "Arial") << indirect;
+  }
+}
+
+TEST(Page, KeysBehindIndirectResourcesAreStillRead) {
+  PdfBuilder file;
+  const int resources = file.Add("<< /Font << >> >>");
+  const int page =
+      file.Add("<< /Type /Page /Resources " + PdfBuilder::Reference(resources) + " /MediaBox [ 0 0 5 6 ] >>");
+  EXPECT_THAT(PagesOf(file.BuildPages({page}))[0].mediaBox, ElementsAre(0.0, 0.0, 5.0, 6.0));
+}
+
+TEST(Page, AContentStreamOfManyPagesIsReadOnceAndRunsOnEach) {
+  PdfBuilder file;
+  const int stream = file.AddStream("(a) Tj\n");
+  const std::string body = "<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>";
+  const int first = file.Add(body);
+  const int second = file.Add(body);
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.BuildPages({first, second}));
+  EXPECT_THAT(TextsOf(pages[0]), ElementsAre("a"));
+  EXPECT_THAT(TextsOf(pages[1]), ElementsAre("a"));
+}
+
+TEST(Page, NotesOfASharedStreamAreWrittenForEachPage) {
+  PdfBuilder file;
+  const int stream = file.AddStream("x", "/Filter /CCITTFaxDecode");
+  const std::string body = "<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>";
+  const int first = file.Add(body);
+  const int second = file.Add(body);
+  OpenPdf opened(file.BuildPages({first, second}));
+  testing::internal::CaptureStdout();
+  opened.Pages();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "CCITTFaxDecode\nCCITTFaxDecode\n");
+}
+
+}  // namespace
