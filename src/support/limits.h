@@ -52,6 +52,9 @@ constexpr std::size_t kPicturePixels = std::size_t{1} << 27;
 /// reaches (8 · 1032). A header that claims more is lying.
 constexpr std::size_t kPicturePixelsPerByte = 8256;
 
+/// The same for JPEG files: at least one bit for each block of 64 pixels.
+constexpr std::size_t kJpegPixelsPerByte = 512;
+
 /// Pictures up to this size are decoded whatever their file's length: 4 MB of memory do no harm.
 constexpr std::size_t kSmallPicturePixels = std::size_t{1} << 20;
 

@@ -53,15 +53,17 @@ bool ReadSize(std::string_view file, PictureSize& size) {
                                &size.channels) != 0;
 }
 
+bool IsJpeg(std::string_view file) { return file.starts_with("\xFF\xD8"); }
+
 bool IsWithinBounds(std::string_view file, const PictureSize& size) {
   if (size.width <= 0 || size.height <= 0 || size.Pixels() > limits::kPicturePixels) return false;
-  return size.Pixels() <= limits::kSmallPicturePixels ||
-         size.Pixels() / limits::kPicturePixelsPerByte <= file.size();
+  const std::size_t pixelsPerByte = IsJpeg(file) ? limits::kJpegPixelsPerByte : limits::kPicturePixelsPerByte;
+  return size.Pixels() <= limits::kSmallPicturePixels || size.Pixels() / pixelsPerByte <= file.size();
 }
 
 /// Every scan of a JPEG file passes over the whole picture, however few bytes it has.
 bool HasTooManyScans(std::string_view file) {
-  if (!file.starts_with("\xFF\xD8")) return false;
+  if (!IsJpeg(file)) return false;
   std::size_t scans = 0;
   for (std::size_t at = file.find("\xFF\xDA"); at != file.npos; at = file.find("\xFF\xDA", at + 2)) ++scans;
   return scans > limits::kJpegScans;

@@ -108,22 +108,116 @@ TEST(DecodePicture, ReadsAPicFileOfThreeChannels) {
   EXPECT_EQ(PixelsOf(picture), (std::vector<int>{'a', 'b', 'c', 'd', 'e', 'f'}));
 }
 
+/// A grey JPEG file of one component that says it has `width` by `height` pixels, up to its first scan: one
+/// quantisation table, two Huffman tables of one code each, which stands for an empty block.
+std::string JpegHead(std::size_t width, std::size_t height) {
+  return std::string("\xFF\xD8\xFF\xDB\0\x43\0", 7) + std::string(64, '\x01') +
+         std::string("\xFF\xC0\0\x0B\x08", 5) + BigEndian(height).substr(2) + BigEndian(width).substr(2) +
+         std::string("\x01\x01\x11\0", 4) + std::string("\xFF\xC4\0\x14\0\x01", 6) + std::string(16, '\0') +
+         std::string("\xFF\xC4\0\x14\x10\x01", 6) + std::string(16, '\0');
+}
+
+const std::string kJpegScan = std::string("\xFF\xDA\0\x08\x01\x01\0\0\x3F\0", 10) + "\x3F";
+
 TEST(DecodePicture, RefusesAJpegOfManyScans) {
-  // A whole grey picture of 8 by 8 pixels: one quantisation table, two Huffman tables of one code each.
-  const std::string head = std::string("\xFF\xD8\xFF\xDB\0\x43\0", 7) + std::string(64, '\x01') +
-                           std::string("\xFF\xC0\0\x0B\x08\0\x08\0\x08\x01\x01\x11\0", 13) +
-                           std::string("\xFF\xC4\0\x14\0\x01", 6) + std::string(15, '\0') +
-                           std::string(1, '\0') + std::string("\xFF\xC4\0\x14\x10\x01", 6) +
-                           std::string(15, '\0') + std::string(1, '\0');
-  const std::string scan = std::string("\xFF\xDA\0\x08\x01\x01\0\0\x3F\0", 10) + "\x3F";
   const auto withScans = [&](int count) {
-    std::string file = head;
-    for (int i = 0; i < count; ++i) file += scan;
+    std::string file = JpegHead(8, 8);
+    for (int i = 0; i < count; ++i) file += kJpegScan;
     return file + "\xFF\xD9";
   };
   EXPECT_EQ(PixelsOf(DecodePicture(withScans(1))), std::vector<int>(64, 128));
   EXPECT_NE(DecodePicture(withScans(100)).pixels, nullptr);
   EXPECT_EQ(DecodePicture(withScans(101)).pixels, nullptr);
+}
+
+TEST(DecodePicture, GivesNothingForAJpegThatBreaksOff) {
+  ASSERT_NE(DecodePicture(JpegHead(8, 8) + kJpegScan + "\xFF\xD9").pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(8, 8) + kJpegScan).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(8, 8)).pixels, nullptr);
+}
+
+// An intact file has at least one bit for each block of 64 pixels.
+TEST(DecodePicture, RefusesAJpegOfMorePixelsThanItsBytesCouldHold) {
+  const std::string scan = kJpegScan.substr(0, 10) + std::string(4096, '\0') + "\xFF\xD9";
+  EXPECT_EQ(DecodePicture(JpegHead(2000, 2000) + scan).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(1400, 1400) + scan).width, 1400);
+}
+
+TEST(DecodePicture, RefusesPicturesWithoutPixels) {
+  EXPECT_EQ(DecodePicture(Png(0, 0, 0, std::string())).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(Png(0, 2, 0, std::string(2, '\0'))).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(Png(2, 0, 0, std::string())).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(0, 8) + kJpegScan).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(8, 0) + kJpegScan).pixels, nullptr);
+  EXPECT_EQ(DecodePicture("P5 0 0 255\n").pixels, nullptr);
+}
+
+TEST(DecodePicture, RefusesSizesThatCannotBe) {
+  const std::string rows(1000, '\0');
+  for (const std::size_t size : {std::size_t{0x7FFFFFFF}, std::size_t{0x80000000}, std::size_t{0xFFFFFFFF}}) {
+    EXPECT_EQ(DecodePicture(Png(size, size, 0, rows)).pixels, nullptr);
+    EXPECT_EQ(DecodePicture(Png(size, 1, 0, rows)).pixels, nullptr);
+    EXPECT_EQ(DecodePicture(Png(1, size, 6, rows)).pixels, nullptr);
+  }
+  EXPECT_EQ(DecodePicture(JpegHead(65535, 65535) + kJpegScan).pixels, nullptr);
+}
+
+TEST(DecodePicture, GivesNothingForAPngWithFewerPixelsThanItSays) {
+  EXPECT_EQ(DecodePicture(Png(4, 4, 0, std::string("\0\x01\x02\x03\x04", 5))).pixels, nullptr);
+}
+
+/// A bitmap file of two pixels in one row, blue first.
+std::string Bmp() {
+  return std::string("BM\x3E\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x02\0\0\0\x01\0\0\0\x01\0\x18\0", 30) +
+         std::string(24, '\0') + std::string("\x03\x02\x01\x06\x05\x04\0\0", 8);
+}
+
+/// A GIF file of one black pixel.
+std::string Gif() {
+  return std::string("GIF89a\x01\0\x01\0\x80\0\0\0\0\0\xFF\xFF\xFF", 19) +
+         std::string(",\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0;", 16);
+}
+
+TEST(DecodePicture, ReadsABmpFile) {
+  const Picture picture = DecodePicture(Bmp());
+  EXPECT_EQ(picture.channels, 3);
+  EXPECT_EQ(PixelsOf(picture), (std::vector<int>{1, 2, 3, 4, 5, 6}));
+}
+
+TEST(DecodePicture, ReadsAGifFile) {
+  EXPECT_EQ(PixelsOf(DecodePicture(Gif())), (std::vector<int>{0, 0, 0, 255}));
+}
+
+/// Whole files of some formats.
+std::vector<std::string> WholeFiles() {
+  return {
+      Png(2, 2, 6, std::string("\0\x01\x02\x03\x04\x05\x06\x07\x08\0\x01\x02\x03\x04\x05\x06\x07\x08", 18)),
+      JpegHead(8, 8) + kJpegScan + "\xFF\xD9", Bmp(), Gif(), "P6 1 1 255\nabc"};
+}
+
+void ExpectWhole(const Picture& picture) {
+  const auto expected = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height) *
+                        static_cast<std::size_t>(picture.channels);
+  EXPECT_EQ(picture.pixelBytes, expected);
+  EXPECT_EQ(picture.pixels == nullptr, expected == 0);
+}
+
+TEST(DecodePicture, SurvivesAnEndAtEveryByte) {
+  for (const std::string& file : WholeFiles()) {
+    for (std::size_t size = 0; size < file.size(); ++size) ExpectWhole(DecodePicture(file.substr(0, size)));
+  }
+}
+
+TEST(DecodePicture, SurvivesDamageAtEveryByte) {
+  for (const std::string& file : WholeFiles()) {
+    for (std::size_t at = 0; at < file.size(); ++at) {
+      for (const int flip : {0x01, 0x80, 0xFF}) {
+        std::string damaged = file;
+        damaged[at] = static_cast<char>(damaged[at] ^ flip);
+        ExpectWhole(DecodePicture(damaged));
+      }
+    }
+  }
 }
 
 }  // namespace
