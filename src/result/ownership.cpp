@@ -8,7 +8,7 @@ namespace {
 // The kind tells the whole type, so that no virtual destructor is needed (there is none in the layout).
 template <typename Object>
 void Free(Object* object) {
-  std::destroy_at(object);
+  object->Object::~Object();
   ::operator delete(object);
 }
 

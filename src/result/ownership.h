@@ -19,5 +19,6 @@ struct ObjectDeleter {
 using OwnedObject = std::unique_ptr<CFileDraw, ObjectDeleter>;
 using OwnedCurve = std::unique_ptr<CFileCurve, ObjectDeleter>;
 using OwnedDib = std::unique_ptr<CFileDib, ObjectDeleter>;
+using OwnedGroup = std::unique_ptr<CFileGroup, ObjectDeleter>;
 
 #endif

@@ -26,7 +26,7 @@ CoordinateChain CMyDrawLoad::ChainOf(const Entity_ZR::ZR_Entity& entity) const {
 bool CMyDrawLoad::AddInsert(Entity_ZR::ZR_Insert* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
   // Kept: a frame neither composes with the one around it nor inherits its processing block.
-  auto frame = std::make_unique<GroupFrame>(GroupFrame{entity->matrix, std::make_unique<CFileGroup>()});
+  auto frame = std::make_unique<GroupFrame>(GroupFrame{entity->matrix, OwnedGroup(new CFileGroup)});
   ApplyGroupParameters(entity->attributes, *frame->group);
   frames.push_back(std::move(frame));
   ++groupDepth;

@@ -21,7 +21,7 @@ struct ParseFonts;
 /// processing block.
 struct GroupFrame {
   Matrix2D matrix;
-  std::unique_ptr<CFileGroup> group;
+  OwnedGroup group;
 };
 
 /// The sink: turns neutral entities into the flat list of results that the walk hands out. One object
@@ -70,10 +70,10 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   Matrix2D pageMatrix;
   PARSE::MachineInfo machineInfo;
   std::int32_t spareWord = 1;
-  std::int32_t textMode = 0;              ///< 1 while the glyph paths of one text arrive
-  std::int32_t textLast = 0;              ///< 1 for the text's last path
-  std::unique_ptr<CFileGroup> textGroup;  ///< holds the curves of a text at depth 0
-  std::unique_ptr<CFileGroup> pathGroup;  ///< holds the curves of one path at depth 0
+  std::int32_t textMode = 0;  ///< 1 while the glyph paths of one text arrive
+  std::int32_t textLast = 0;  ///< 1 for the text's last path
+  OwnedGroup textGroup;       ///< holds the curves of a text at depth 0
+  OwnedGroup pathGroup;       ///< holds the curves of one path at depth 0
   std::vector<std::unique_ptr<GroupFrame>> frames;
   FileMember* results;  ///< sentinel of the result list, owned
   FileMember* resultCursor;

@@ -68,7 +68,7 @@ void CMyDrawLoad::FinishPath(OwnedCurve lastCurve) {
 
 bool CMyDrawLoad::AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
-  if (groupDepth == 0 && !CollectsText()) pathGroup = std::make_unique<CFileGroup>();
+  if (groupDepth == 0 && !CollectsText()) pathGroup.reset(new CFileGroup);
   const CoordinateChain chain = ChainOf(*entity);
   OwnedCurve curve = NewPathCurve(*entity);
   Point3 current;

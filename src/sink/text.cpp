@@ -64,7 +64,7 @@ bool CMyDrawLoad::AddText(ZR_Text* entity, PARSE::Context) {
   if (!utf8::is_valid(entity->text.begin(), entity->text.end())) return true;
   textMode = 1;
   textLast = 0;
-  if (groupDepth == 0 && textGroup == nullptr) textGroup = std::make_unique<CFileGroup>();
+  if (groupDepth == 0 && textGroup == nullptr) textGroup.reset(new CFileGroup);
   DrawText(*entity);
   return true;
 }

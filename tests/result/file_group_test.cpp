@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -156,10 +155,10 @@ TEST(CFileGroup, FreesMembersOfEveryKind) {
 }
 
 TEST(CFileGroup, FreesNestingOfAnyDepth) {
-  auto innermost = std::make_unique<CFileGroup>();
+  OwnedGroup innermost(new CFileGroup);
   Append(*innermost, new CFilePoint);
   for (int level = 0; level < 200000; ++level) {
-    auto outer = std::make_unique<CFileGroup>();
+    OwnedGroup outer(new CFileGroup);
     Append(*outer, innermost.release());
     innermost = std::move(outer);
   }

@@ -37,7 +37,7 @@ std::vector<double> StartsAlongX(CMyDrawLoad& sink) {
 /// A sink that waits for the glyph paths of one text.
 void BeginText(CMyDrawLoad& sink) {
   sink.textMode = 1;
-  sink.textGroup = std::make_unique<CFileGroup>();
+  sink.textGroup.reset(new CFileGroup);
 }
 
 }  // namespace
