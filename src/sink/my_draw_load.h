@@ -9,6 +9,7 @@
 #include "result/ownership.h"
 #include "sink/coordinate_chain.h"
 #include "sink/reader_interface.h"
+#include "support/limits.h"
 
 namespace Entity_ZR {
 struct HatchEdge;
@@ -29,8 +30,8 @@ struct GroupFrame {
 ///
 /// Every point goes through the entity's own matrix, then the innermost frame's, then the page's. Which
 /// file does what: `my_draw_load.cpp` life and list, `pages.cpp` pages, `frames.cpp` groups, and one file
-/// for each kind of entity (`simple_curves.cpp`, `polylines.cpp`, `paths.cpp`, `hatches.cpp`,
-/// `text.cpp`, `bitmaps.cpp`).
+/// for each kind of entity (`simple_curves.cpp`, `polylines.cpp`, `paths.cpp`, `splines.cpp`,
+/// `hatches.cpp`, `text.cpp`, `bitmaps.cpp`).
 class CMyDrawLoad : public PARSE::DrawLoader {
  public:
   CMyDrawLoad();
@@ -44,6 +45,7 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   bool AddLine(Entity_ZR::ZR_Line* entity, PARSE::Context context) override;
   bool AddPolyline(Entity_ZR::ZR_Polyline* entity, PARSE::Context context) override;
   bool AddLWPolyline(Entity_ZR::ZR_LWPolyline* entity, PARSE::Context context) override;
+  bool AddSpline(Entity_ZR::ZR_Spline* entity, PARSE::Context context) override;
   bool AddCircle(Entity_ZR::ZR_Circle* entity, PARSE::Context context) override;
   bool AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context context) override;
   bool AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context context) override;
@@ -120,6 +122,9 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   std::unique_ptr<fonts::ParseFonts> parseFonts;  ///< made for the first text, gone with the end of the file
   std::size_t glyphSegments = 0;                  ///< of all texts so far
   std::size_t bitmapBytes = 0;                    ///< of all bitmaps so far
+
+  /// What is left for splitting the intervals of this drawing's rational splines.
+  std::uint64_t splineSplitWork = support::limits::kDrawingSplitWork;
 };
 
 #endif

@@ -123,10 +123,12 @@ constexpr std::uint32_t kSplineKnots = 50000;
 /// Degree of a rational spline. Modellers stop at about 25; a point costs the square of the degree.
 constexpr std::int32_t kRationalSplineDegree = 32;
 
-/// Work on splitting the intervals of rational splines, in blends of two control points: of one spline and of
-/// all splines of a drawing. Enough for circles of a hundred metres, and for a million splits in common
-/// drawings; a spline of a hundred bytes whose coordinates are huge would ask for endless ones. What is left
-/// unsplit is drawn with the chords that it has.
+/// Work on splitting the intervals of rational splines, in blends of two control points: what each control
+/// point of a spline may cost, and what one spline, and all splines of a drawing, may cost beyond that. Enough
+/// for circles of a hundred metres, and for millions of splits in common drawings; a spline of a hundred bytes
+/// whose coordinates are huge would ask for endless ones. What is left unsplit is drawn with the chords that
+/// it has.
+constexpr std::uint64_t kSplitWorkPerPoint = 256;
 constexpr std::uint64_t kSplineSplitWork = 320'000;
 constexpr std::uint64_t kDrawingSplitWork = 64'000'000;
 

@@ -1,0 +1,38 @@
+#ifndef DRAWLOAD_SINK_SPLINE_CONVERSION_H
+#define DRAWLOAD_SINK_SPLINE_CONVERSION_H
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "curve/bspline.h"
+#include "entity/point3.h"
+
+namespace Entity_ZR {
+class ZR_Spline;
+}
+
+/// The exact shape of a spline without weights, as a chain of Bezier pieces in the plane. Nothing where it
+/// cannot be drawn: its counts disagree with its lists, a number is not finite, the kernel refuses its knots,
+/// or a path has no segment of its degree (only 1 to 3 can be drawn).
+/// Kept: of degree 1 only the first span is taken, whatever follows.
+std::optional<curve::BSpline> SplineToBezier(const Entity_ZR::ZR_Spline& spline);
+
+/// A point of a spline and its parameter.
+struct SplinePoint {
+  double u = 0.0;
+  Entity_ZR::Point3 point;
+};
+
+/// A chain of points along a spline with weights, from its start to its end. The curve's point half way
+/// between two neighbours (half way in the parameter) is at most twice `tolerance` off their chord.
+/// Empty where nothing can be drawn of it, as above.
+///
+/// `drawingWork` is what the drawing may still spend on splitting (limits::kDrawingSplitWork at first).
+std::vector<SplinePoint> SplineFlatten(const Entity_ZR::ZR_Spline& spline, double tolerance,
+                                       std::uint64_t& drawingWork);
+
+/// Whether the lists of a spline are what it says and every number that is drawn is finite.
+bool IsDrawable(const Entity_ZR::ZR_Spline& spline);
+
+#endif
