@@ -60,9 +60,9 @@ constexpr FT_Outline_Funcs kReceivers = {MoveTo, LineTo, ConicTo, CubicTo, 0, 0}
 std::unique_ptr<Face> Face::Open(FT_Library library, const std::string& file, FT_UInt pixelSize) {
   FT_Face opened = nullptr;
   if (FT_New_Face(library, file.c_str(), 0, &opened) != 0) return nullptr;
-  std::unique_ptr<Face> face(new Face(opened));
+  OwnedFace owned(opened);
   FT_Set_Pixel_Sizes(opened, pixelSize, 0);
-  return face;
+  return std::unique_ptr<Face>(new Face(std::move(owned)));
 }
 
 const Glyph& Face::GlyphOf(char32_t codePoint, const GlyphPlacement& placement) {
@@ -105,6 +105,9 @@ bool Decompose(const Glyph& glyph, FT_Vector delta, Outline& outline) {
   placed.contours = const_cast<short*>(glyph.contours.data());
   placed.flags = glyph.flags;
   outline.clear();
+  // The engine is no C++: no step may fail for want of memory inside it. A point ends at most one step and
+  // begins at most one more, and a contour adds its move and its closing step.
+  outline.reserve(2 * points.size() + 2 * glyph.contours.size());
   return FT_Outline_Decompose(&placed, &kReceivers, &outline) == 0;
 }
 

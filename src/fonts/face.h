@@ -52,10 +52,12 @@ class Face {
     void operator()(FT_Face owned) const { FT_Done_Face(owned); }
   };
 
-  explicit Face(FT_Face opened) : face(opened) {}
+  using OwnedFace = std::unique_ptr<FT_FaceRec, FaceDeleter>;
+
+  explicit Face(OwnedFace opened) : face(std::move(opened)) {}
   Glyph Load(FT_UInt index, const GlyphPlacement& placement);
 
-  std::unique_ptr<FT_FaceRec, FaceDeleter> face;
+  OwnedFace face;
   std::unordered_map<std::uint64_t, Glyph> glyphs;  ///< by glyph index and kind of placement
   std::size_t keptBytes = 0;
 };

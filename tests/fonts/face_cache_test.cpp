@@ -67,4 +67,28 @@ TEST(FaceCache, DrawsNothingOfAFontOfBitmaps) {
   EXPECT_EQ(direct::Glyphs(path, 8, U"A", 0.0, 0.0, false), std::vector<Outline>(1));
 }
 
+// Whatever the engine makes of a damaged font, the cache makes the same.
+TEST(FaceCache, DrawsDamagedFontsAsTheEngineDoes) {
+  const std::string path = testing::TempDir() + "drawload_damaged_" + std::to_string(getpid()) + ".ttf";
+  std::ifstream source(direct::kSans, std::ios::binary);
+  const std::string whole((std::istreambuf_iterator<char>(source)), std::istreambuf_iterator<char>());
+  ASSERT_GT(whole.size(), 100'000u);
+  for (std::size_t part = 1; part < 16; ++part) {
+    std::string damaged = whole.substr(0, whole.size() * part / 16);
+    damaged[damaged.size() * part / 20] ^= '\x55';
+    std::ofstream(path, std::ios::binary) << damaged;
+    FaceCache cache;
+    std::vector<Outline> drawn;
+    if (Face* face = cache.FaceOf(path, 12)) {
+      GlyphRun run(*face, 0.0, 0.0, false);
+      Outline outline;
+      for (const char32_t letter : std::u32string(U"Damage")) {
+        if (run.Draw(letter, outline) == GlyphRun::Outcome::kDrawn) drawn.push_back(outline);
+      }
+    }
+    EXPECT_EQ(drawn, direct::Glyphs(path, 12, U"Damage", 0.0, 0.0, false)) << part;
+  }
+  std::filesystem::remove(path);
+}
+
 }  // namespace
