@@ -9,12 +9,16 @@
 /// Takes a coordinate whose x stands in group `xCode`, y in the group 10 above and z in that 20 above. False
 /// for any other code.
 inline bool TakeCoord(std::int32_t code, std::int32_t xCode, const dxfReader& reader, DXF_Coord& coord) {
-  switch (code - xCode) {
-    case 0: coord.x = reader.realValue; return true;
-    case 10: coord.y = reader.realValue; return true;
-    case 20: coord.z = reader.realValue; return true;
-    default: return false;
+  if (code == xCode) {
+    coord.x = reader.realValue;
+  } else if (code == xCode + 10) {
+    coord.y = reader.realValue;
+  } else if (code == xCode + 20) {
+    coord.z = reader.realValue;
+  } else {
+    return false;
   }
+  return true;
 }
 
 /// The same for a list: group `xCode` starts a coordinate, the other two go to the last one and are dropped

@@ -69,6 +69,11 @@ TEST(EntityRecord, IgnoresCodesThatNoClassTakes) {
   EXPECT_EQ(record.layer, "a");
 }
 
+TEST(EntityRecord, IgnoresTheSmallestAndTheLargestCode) {
+  const auto record = Parsed<DXF_Solid>("-2147483648|1|2147483647|1|10|3");
+  EXPECT_EQ(record.point, (Coord{3, 0, 0}));
+}
+
 TEST(EntityRecord, AppendsAListPerApplicationGroup) {
   const auto record = Parsed<DXF_Point>("102|{ACAD_REACTORS|330|7|102|}");
   ASSERT_EQ(record.appData.size(), 2U);
