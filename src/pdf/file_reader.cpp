@@ -10,6 +10,9 @@ constexpr std::string_view kStreamWord = "stream";
 constexpr std::string_view kStartWord = "startxref";
 constexpr std::size_t kTailBytes = 256;
 
+/// What a byte of an object's text costs beyond its reading: the rewriting, and the tokens that are kept.
+constexpr std::size_t kRewritingFactor = 8;
+
 std::size_t FirstNotLineEnd(std::string_view bytes, std::size_t from) {
   const std::size_t found = bytes.find_first_not_of("\r\n", from);
   return std::min(found, bytes.size());
@@ -77,6 +80,7 @@ std::shared_ptr<const PdfObject> PdfFileReader::ReadObject(std::int64_t offset) 
   }
   Seek(offset);
   ReadUntil("endobj");
+  if (!budget.Take(kRewritingFactor * text.size())) text = stream = {};
   auto object = std::make_shared<const PdfObject>(text);
   if (offset < 0) return object;
   MakeRoomFor(*object);
@@ -88,7 +92,8 @@ std::shared_ptr<const PdfObject> PdfFileReader::ReadStreamedObject(std::uint32_t
                                                                    std::string_view rawText) {
   const auto known = keptStreamed.find(number);
   if (known != keptStreamed.end()) return known->second;
-  auto object = std::make_shared<const PdfObject>(budget.Take(rawText.size()) ? rawText : std::string_view());
+  if (!budget.Take(kRewritingFactor * rawText.size())) rawText = {};
+  auto object = std::make_shared<const PdfObject>(rawText);
   MakeRoomFor(*object);
   keptStreamed.emplace(number, object);
   return object;

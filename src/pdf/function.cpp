@@ -10,8 +10,8 @@ namespace {
 using support::AtoF;
 using support::AtoI;
 
-/// What a function's record takes, whatever its text.
-constexpr std::size_t kRecordBytes = 256;
+/// What a function costs beside its text: its record, and the look at all its tokens.
+constexpr std::size_t kRecordBytes = 4096;
 
 /// Whether the key at `key` has an array behind it.
 bool HasArray(const PdfTokens& tokens, std::size_t key) { return tokens.at(key + 1) == "["; }
@@ -76,11 +76,11 @@ class FunctionReader {
 
   PdfFunction Read(std::int32_t objectNumber) {
     PdfFunction function;
-    if (depth >= support::limits::kPdfFunctionDepth) return function;
+    // A function that many others name is walked each time, so each time counts.
+    if (depth >= support::limits::kPdfFunctionDepth || !reader.budget.Take(kRecordBytes)) return function;
     ++depth;
     const auto object = FetchObject(reader, section, objectNumber);
-    // A function that many others name is walked each time, so each time counts.
-    if (reader.budget.Take(object->text.size() + kRecordBytes)) ReadTokens(object->tokens, function);
+    if (reader.budget.Take(object->text.size())) ReadTokens(object->tokens, function);
     --depth;
     return function;
   }
@@ -97,6 +97,7 @@ class FunctionReader {
 
   StitchingFunction ReadStitching(const PdfTokens& tokens) {
     StitchingFunction function = ReadStitchingKeys(tokens);
+    function.stops.reserve(function.functions.size());
     for (const std::int32_t number : function.functions) function.stops.push_back(Read(number).exponential);
     return function;
   }

@@ -67,7 +67,9 @@ Codec MakeCodec(OPJ_CODEC_FORMAT format) {
 }
 
 Stream MakeStream(CxFile& file) {
-  Stream stream(opj_stream_default_create(OPJ_TRUE), opj_stream_destroy);
+  constexpr std::int64_t kMostBuffered = std::int64_t{1} << 20;
+  const std::int64_t buffered = std::clamp<std::int64_t>(file.Size(), 1024, kMostBuffered);
+  Stream stream(opj_stream_create(static_cast<OPJ_SIZE_T>(buffered), OPJ_TRUE), opj_stream_destroy);
   if (!stream) Fail("error: cannot open standard input");
   opj_stream_set_user_data(stream.get(), &file, CloseNothing);
   opj_stream_set_user_data_length(stream.get(),
