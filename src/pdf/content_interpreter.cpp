@@ -23,6 +23,8 @@ constexpr double kPi = 3.141592653589793;
 /// Cost of running a text besides its bytes, so that empty forms are not free.
 constexpr std::uint64_t kRunCost = 64;
 
+constexpr std::size_t kRectangleSegments = 5;
+
 /// Whether "T" and `second` stand next to each other anywhere in `text`.
 bool Holds(std::string_view text, char second) {
   for (std::size_t at = text.find('T'); at != text.npos; at = text.find('T', at + 1)) {
@@ -318,6 +320,7 @@ void ContentInterpreter::PaintShading(const ContentLine& line) {
 // Kept: a rectangle that is a clip leaves no path, and so an empty clip.
 void ContentInterpreter::RunRectangle(const ContentLine& line, const ContentLines& lines) {
   AppendRectangle(state.transformation, line, *currentPath);
+  budget.Take(kRectangleSegments * sizeof(PdfPathSegment));
   const std::string_view next = lines.Peek();
   if (next == "W" || next == "W*") ClearPath();
 }

@@ -5,7 +5,10 @@
 namespace pdf {
 
 std::shared_ptr<const PdfObject> ObjectSource::Fetch(std::int32_t objectNumber) {
-  return FetchObject(*document.reader, document.section, objectNumber);
+  std::shared_ptr<const PdfObject> object = FetchObject(*document.reader, document.section, objectNumber);
+  // Whoever fetches walks all tokens, also those of an object that was kept.
+  Budget().Take(object->text.size());
+  return object;
 }
 
 PdfFetchedStream ObjectSource::FetchStream(std::int32_t objectNumber) {

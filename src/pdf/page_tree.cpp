@@ -51,7 +51,7 @@ void PageWalker::WalkKids(const PdfTokens& tokens, std::size_t index) {
 }
 
 bool PageWalker::IsBeyondLimits(std::int32_t kid) const {
-  return ancestors.size() >= support::limits::kPdfPageTreeDepth ||
+  return source.Budget().Left() == 0 || ancestors.size() >= support::limits::kPdfPageTreeDepth ||
          pages.size() >= support::limits::kPdfPages ||
          std::find(ancestors.begin(), ancestors.end(), kid) != ancestors.end();
 }

@@ -64,7 +64,7 @@ void ResourceReader::ReadKey(const PdfTokens& tokens, std::size_t& index, PageRe
   const std::size_t end = EndOfValue(tokens, index + 1);
   for (index += 2; index < end; ++index) {
     if (!IsName(tokens[index]) || index + 1 == end) continue;
-    if (!ReadEntry(key, tokens, index, resources)) break;
+    if (source.Budget().Left() == 0 || !ReadEntry(key, tokens, index, resources)) break;
     index = EndOfValue(tokens, index + 1);
   }
   index = end;
