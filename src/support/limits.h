@@ -65,6 +65,9 @@ constexpr std::size_t kPictureSlackBytes = std::size_t{16} << 20;
 /// Scans of one JPEG picture. Progressive pictures have about ten; each one costs a pass over all pixels.
 constexpr std::size_t kJpegScans = 100;
 
+/// Segments of Huffman tables of one JPEG picture: four for each scan.
+constexpr std::size_t kJpegTableSegments = 400;
+
 /// Whole turns between the two angles of an arc. Each quarter turn becomes a segment, so a file of a few
 /// bytes could ask for endless ones; real arcs stay within one turn.
 constexpr int kArcTurns = 1000;
@@ -124,10 +127,10 @@ constexpr std::uint32_t kSplineKnots = 50000;
 constexpr std::int32_t kRationalSplineDegree = 32;
 
 /// Work on splitting the intervals of rational splines, in blends of two control points: what each control
-/// point of a spline may cost, and what one spline, and all splines of a drawing, may cost beyond that. Enough
-/// for circles of a hundred metres, and for millions of splits in common drawings; a spline of a hundred bytes
-/// whose coordinates are huge would ask for endless ones. What is left unsplit is drawn with the chords that
-/// it has.
+/// point of a spline may cost, and what one spline, and all splines of a drawing, may cost beyond that.
+/// Enough for circles of a hundred metres, and for millions of splits in common drawings; a spline of a
+/// hundred bytes whose coordinates are huge would ask for endless ones. What is left unsplit is drawn with
+/// the chords that it has.
 constexpr std::uint64_t kSplitWorkPerPoint = 256;
 constexpr std::uint64_t kSplineSplitWork = 320'000;
 constexpr std::uint64_t kDrawingSplitWork = 64'000'000;

@@ -1,7 +1,9 @@
 #include "support/picture.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <vector>
 
 #include "support/limits.h"
 
@@ -53,7 +55,11 @@ bool ReadSize(std::string_view file, PictureSize& size) {
                                &size.channels) != 0;
 }
 
-bool IsJpeg(std::string_view file) { return file.starts_with("\xFF\xD8"); }
+// The decoder takes any number of 0xFF before the code of a marker, the first one included.
+bool IsJpeg(std::string_view file) {
+  const std::size_t code = file.find_first_not_of('\xFF');
+  return code != 0 && code != file.npos && file[code] == '\xD8';
+}
 
 bool IsWithinBounds(std::string_view file, const PictureSize& size) {
   if (size.width <= 0 || size.height <= 0 || size.Pixels() > limits::kPicturePixels) return false;
@@ -67,6 +73,64 @@ bool HasTooManyScans(std::string_view file) {
   std::size_t scans = 0;
   for (std::size_t at = file.find("\xFF\xDA"); at != file.npos; at = file.find("\xFF\xDA", at + 2)) ++scans;
   return scans > limits::kJpegScans;
+}
+
+/// The byte at `at`; 0 behind the end, as the decoder reads it.
+std::size_t ByteAt(std::string_view file, std::size_t at) {
+  return at < file.size() ? static_cast<unsigned char>(file[at]) : 0;
+}
+
+std::size_t SegmentLength(std::string_view file, std::size_t at) {
+  return ByteAt(file, at) << 8 | ByteAt(file, at + 1);
+}
+
+/// Whether each Huffman table of the segment whose length stands at `at` has at most 256 codes. The decoder
+/// keeps tables in arrays of that size and does not look. Where it stops with an error, this does too.
+bool HasSoundTables(std::string_view file, std::size_t at) {
+  constexpr std::size_t lengths = 16;
+  const std::size_t end = at + SegmentLength(file, at);
+  at += 2;
+  while (at < end && at < file.size()) {
+    const std::size_t kind = ByteAt(file, at);
+    if (kind >> 4 > 1 || (kind & 15) > 3) return true;
+    std::size_t codes = 0;
+    for (std::size_t i = 1; i <= lengths; ++i) codes += ByteAt(file, at + i);
+    if (codes > 256) return false;
+    at += 1 + lengths + codes;
+  }
+  return true;
+}
+
+/// Where the segments of Huffman tables may stand in a JPEG file, as places of their lengths: up to the first
+/// scan those that really do, and from there on all that look like one, since how far the decoder reads into
+/// the data of a scan is not known.
+std::vector<std::size_t> TableSegments(std::string_view file) {
+  constexpr std::size_t tables = 0xC4;
+  constexpr std::size_t startOfScan = 0xDA;
+  std::vector<std::size_t> places;
+  std::size_t at = file.find('\xD8') + 1;
+  while (at < file.size()) {
+    at = std::min(file.find('\xFF', at), file.size());
+    at = std::min(file.find_first_not_of('\xFF', at), file.size());
+    const std::size_t marker = ByteAt(file, at++);
+    if (marker == startOfScan) break;
+    if (marker == tables) places.push_back(at);
+    at += SegmentLength(file, at);
+  }
+  while (places.size() <= limits::kJpegTableSegments) {
+    at = file.find("\xFF\xC4", at);
+    if (at == file.npos) break;
+    at += 2;
+    places.push_back(at);
+  }
+  return places;
+}
+
+bool HasBrokenTables(std::string_view file) {
+  if (!IsJpeg(file)) return false;
+  const std::vector<std::size_t> places = TableSegments(file);
+  return places.size() > limits::kJpegTableSegments ||
+         !std::all_of(places.begin(), places.end(), [&](std::size_t at) { return HasSoundTables(file, at); });
 }
 
 // The decoder's working memory for one pixel is at most 16 bytes (four floats); packed data is taken in
@@ -102,6 +166,7 @@ unsigned char* DecodePixels(std::string_view file, PictureSize& size) {
 Picture DecodePicture(std::string_view file) {
   PictureSize size;
   if (file.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return {};
+  if (HasBrokenTables(file)) return {};
   if (!ReadSize(file, size) || !IsWithinBounds(file, size) || HasTooManyScans(file)) return {};
   blockLimit = BlockLimit(file, size);
   std::shared_ptr<const unsigned char> pixels(DecodePixels(file, size), std::free);

@@ -143,6 +143,21 @@ TEST(DecodePicture, RefusesAJpegOfMorePixelsThanItsBytesCouldHold) {
   EXPECT_EQ(DecodePicture(JpegHead(1400, 1400) + scan).width, 1400);
 }
 
+TEST(DecodePicture, RefusesJpegTablesOfMoreThan256Codes) {
+  const std::string tables = std::string("\xFF\xC4\x04\x13\0", 5) + std::string(16, '\x10');
+  const std::string whole = JpegHead(8, 8) + kJpegScan + "\xFF\xD9";
+  const auto withTables = [&](const std::string& segment) {
+    return whole.substr(0, 2) + segment + whole.substr(2);
+  };
+  EXPECT_EQ(DecodePicture(withTables(tables)).pixels, nullptr);
+  EXPECT_EQ(DecodePicture("\xFF\xFF" + withTables(tables)).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(withTables("\xFF" + tables)).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(8, 8) + kJpegScan + tables).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(JpegHead(8, 8) + kJpegScan + tables.substr(0, 20) + "\xFF").pixels, nullptr);
+  EXPECT_EQ(DecodePicture(withTables("\xFF\xE1" + std::string("\0\x17", 2) + tables)).width, 8)
+      << "what looks like tables inside another segment does no harm";
+}
+
 TEST(DecodePicture, RefusesPicturesWithoutPixels) {
   EXPECT_EQ(DecodePicture(Png(0, 0, 0, std::string())).pixels, nullptr);
   EXPECT_EQ(DecodePicture(Png(0, 2, 0, std::string(2, '\0'))).pixels, nullptr);
