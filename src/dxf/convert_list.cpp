@@ -9,35 +9,35 @@ namespace {
 
 using PARSE::DrawLoader;
 
-/// Calls `take` with the record as what its kind says it is, with an entity of the neutral class, and with
-/// the operation that receives it. Block references and kinds without a neutral class are passed over.
+/// Has `take` take the record as what its kind says it is, with its neutral class and the operation that
+/// receives that. Block references and kinds without a neutral class are passed over.
 template <typename Take>
 void VisitRecord(const DXF_Entity& record, Take& take) {
   using namespace Entity_ZR;
   switch (record.kind) {
-    case kDxfPoint: return take.template With<DXF_Point, ZR_Point>(record, &DrawLoader::AddPoint);
-    case kDxfLine: return take.template With<DXF_Line, ZR_Line>(record, &DrawLoader::AddLine);
-    case kDxfPolyline: return take.template With<DXF_Polyline, ZR_Polyline>(record, &DrawLoader::AddPolyline);
+    case kDxfPoint: return take.template With<DXF_Point, ZR_Point, &DrawLoader::AddPoint>(record);
+    case kDxfLine: return take.template With<DXF_Line, ZR_Line, &DrawLoader::AddLine>(record);
+    case kDxfPolyline: return take.template With<DXF_Polyline, ZR_Polyline, &DrawLoader::AddPolyline>(record);
     case kDxfLWPolyline:
-      return take.template With<DXF_LWPolyline, ZR_LWPolyline>(record, &DrawLoader::AddLWPolyline);
-    case kDxfSpline: return take.template With<DXF_Spline, ZR_Spline>(record, &DrawLoader::AddSpline);
-    case kDxfCircle: return take.template With<DXF_Circle, ZR_Circle>(record, &DrawLoader::AddCircle);
-    case kDxfEllipse: return take.template With<DXF_Ellipse, ZR_Ellipse>(record, &DrawLoader::AddEllipse);
-    case kDxfArc: return take.template With<DXF_Arc, ZR_Arc>(record, &DrawLoader::AddArc);
-    case kDxfText: return take.template With<DXF_Text, ZR_Text>(record, &DrawLoader::AddText);
-    case kDxfMText: return take.template With<DXF_MText, ZR_MText>(record, &DrawLoader::AddMText);
-    case kDxfHatch: return take.template With<DXF_Hatch, ZR_Hatch>(record, &DrawLoader::AddHatch);
-    case kDxfHelix: return take.template With<DXF_Helix, ZR_Helix>(record, &DrawLoader::AddHelix);
-    case kDxfMline: return take.template With<DXF_Mline, ZR_MLine>(record, &DrawLoader::AddMLine);
-    case kDxfSolid: return take.template With<DXF_Solid, ZR_Solid>(record, &DrawLoader::AddSolid);
-    case kDxfTable: return take.template With<DXF_Table, ZR_Table>(record, &DrawLoader::AddTable);
+      return take.template With<DXF_LWPolyline, ZR_LWPolyline, &DrawLoader::AddLWPolyline>(record);
+    case kDxfSpline: return take.template With<DXF_Spline, ZR_Spline, &DrawLoader::AddSpline>(record);
+    case kDxfCircle: return take.template With<DXF_Circle, ZR_Circle, &DrawLoader::AddCircle>(record);
+    case kDxfEllipse: return take.template With<DXF_Ellipse, ZR_Ellipse, &DrawLoader::AddEllipse>(record);
+    case kDxfArc: return take.template With<DXF_Arc, ZR_Arc, &DrawLoader::AddArc>(record);
+    case kDxfText: return take.template With<DXF_Text, ZR_Text, &DrawLoader::AddText>(record);
+    case kDxfMText: return take.template With<DXF_MText, ZR_MText, &DrawLoader::AddMText>(record);
+    case kDxfHatch: return take.template With<DXF_Hatch, ZR_Hatch, &DrawLoader::AddHatch>(record);
+    case kDxfHelix: return take.template With<DXF_Helix, ZR_Helix, &DrawLoader::AddHelix>(record);
+    case kDxfMline: return take.template With<DXF_Mline, ZR_MLine, &DrawLoader::AddMLine>(record);
+    case kDxfSolid: return take.template With<DXF_Solid, ZR_Solid, &DrawLoader::AddSolid>(record);
+    case kDxfTable: return take.template With<DXF_Table, ZR_Table, &DrawLoader::AddTable>(record);
     case kDxfTolerance:
-      return take.template With<DXF_Entity, ZR_Tolerance>(record, &DrawLoader::AddTolerance);
+      return take.template With<DXF_Entity, ZR_Tolerance, &DrawLoader::AddTolerance>(record);
     case kDxfDimension:
-      return take.template With<DXF_Dimension, ZR_Dimension>(record, &DrawLoader::AddDimension);
-    case kDxfImage: return take.template With<DXF_Image, ZR_Image>(record, &DrawLoader::AddImage);
-    case kDxfViewport: return take.template With<DXF_Viewport, ZR_Viewport>(record, &DrawLoader::AddViewport);
-    case kDxfMLeader: return take.template With<DXF_MLeader, ZR_MLeader>(record, &DrawLoader::AddMLeader);
+      return take.template With<DXF_Dimension, ZR_Dimension, &DrawLoader::AddDimension>(record);
+    case kDxfImage: return take.template With<DXF_Image, ZR_Image, &DrawLoader::AddImage>(record);
+    case kDxfViewport: return take.template With<DXF_Viewport, ZR_Viewport, &DrawLoader::AddViewport>(record);
+    case kDxfMLeader: return take.template With<DXF_MLeader, ZR_MLeader, &DrawLoader::AddMLeader>(record);
     default: return;
   }
 }
@@ -50,11 +50,11 @@ class DXF_RW::Sender {
   Sender(DXF_RW& owner, PARSE::Context callContext) : reader(owner), context(callContext) {}
 
   // Not inlined: the entities of all kinds together would make large stack frames, one for each nested block.
-  template <typename Record, typename Entity>
-  [[gnu::noinline]] void With(const DXF_Entity& record, bool (DrawLoader::*add)(Entity*, PARSE::Context)) {
+  template <typename Record, typename Entity, auto Add>
+  [[gnu::noinline]] void With(const DXF_Entity& record) {
     Entity entity;
     reader.convertRecord(static_cast<const Record&>(record), entity);
-    (reader.sink->*add)(&entity, context);
+    (reader.sink->*Add)(&entity, context);
     // Kept: each text ends a group, although it began none, and so may end that of its block.
     if constexpr (std::is_same_v<Entity, Entity_ZR::ZR_Text>) reader.sink->EndGroup(context);
   }
@@ -69,8 +69,8 @@ class DXF_RW::Collector {
  public:
   Collector(DXF_RW& owner, NeutralEntities& list) : reader(owner), target(list) {}
 
-  template <typename Record, typename Entity>
-  [[gnu::noinline]] void With(const DXF_Entity& record, bool (DrawLoader::*)(Entity*, PARSE::Context)) {
+  template <typename Record, typename Entity, auto Add>
+  [[gnu::noinline]] void With(const DXF_Entity& record) {
     auto entity = std::make_shared<Entity>();
     reader.convertRecord(static_cast<const Record&>(record), *entity);
     target.push_back(std::move(entity));
@@ -151,7 +151,7 @@ void DXF_RW::convertBlockInto(const std::string& name, NeutralEntities& target) 
   for (const auto& record : block->entities) {
     if (!mayConvert(*record)) return;
     if (record->kind == kDxfInsert) {
-      collector.With<DXF_Insert, Entity_ZR::ZR_Insert>(*record, &DrawLoader::AddInsert);
+      collector.With<DXF_Insert, Entity_ZR::ZR_Insert, &DrawLoader::AddInsert>(*record);
     } else {
       VisitRecord(*record, collector);
     }

@@ -19,5 +19,7 @@ support::Picture DXF_PictureFiles::Load(const DXF_ImageDef& definition) {
     if (!file || !Spend(file->View().size())) return {};
     lastPicture = support::DecodePicture(file->View());
   }
-  return Spend(lastPicture.pixelBytes) ? lastPicture : support::Picture{};
+  const auto pixels =
+      static_cast<std::size_t>(lastPicture.width) * static_cast<std::size_t>(lastPicture.height);
+  return Spend(pixels) ? lastPicture : support::Picture{};
 }

@@ -150,6 +150,38 @@ TEST(ConvertInsert, ConvertsNoBlockThatIsNeverInserted) {
   EXPECT_TRUE(ContentOf(*ReadAll(Block("b", kLine), "")).empty());
 }
 
+TEST(ConvertInsert, DrawsNoBlockBetweenReads) {
+  RecordingSink sink;
+  DXF_RW reader;
+  reader.sink = &sink;
+  reader.DrawBlock("b", 0);
+  Drawing drawing;
+  drawing.blocks = Block("b", kLine);
+  const TemporaryFile file("dxf", TextOf(drawing));
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  reader.DrawBlock("b", 0);
+  EXPECT_TRUE(sink.All<ZR_Line>().empty());
+}
+
+TEST(ConvertInsert, GivesTheSameOnEachReadOfOneReader) {
+  Drawing drawing;
+  drawing.tables = Table("LAYER", {"walls|62|1"});
+  drawing.blocks = Block("b", kLine + "8|walls|");
+  drawing.entities = "0|INSERT|2|b|10|1|20|2|50|90";
+  const TemporaryFile file("dxf", TextOf(drawing));
+  RecordingSink sink;
+  DXF_RW reader;
+  reader.sink = &sink;
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  const auto inserts = sink.All<ZR_Insert>();
+  const auto lines = sink.All<ZR_Line>();
+  ASSERT_EQ(inserts.size(), 2u);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(inserts[0]->matrix, inserts[1]->matrix);
+  EXPECT_EQ(lines[0]->color, lines[1]->color);
+}
+
 TEST(ConvertInsert, StopsABlockThatInsertsItselfAtTheDepth) {
   const auto sink = ReadAll(Block("b", "0|INSERT|5|2|2|b|" + kLine), "0|INSERT|2|b|0|CIRCLE|40|1");
   EXPECT_EQ(sink->All<ZR_Line>().size(), static_cast<std::size_t>(support::limits::kInsertDepth));
