@@ -1,6 +1,7 @@
 #include "pdf/object_text.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace pdf {
@@ -49,10 +50,15 @@ class ObjectTextWriter {
   std::size_t lineEnds = 0;
 };
 
-bool IsPlain(char c) {
-  constexpr std::string_view kSpecial = "(\r\n /<>[]";
-  return kSpecial.find(c) == std::string_view::npos;
+constexpr std::array<bool, 256> MakeSpecialTable() {
+  std::array<bool, 256> isSpecial{};
+  for (const char c : std::string_view("(\r\n /<>[]")) isSpecial[static_cast<unsigned char>(c)] = true;
+  return isSpecial;
 }
+
+constexpr std::array<bool, 256> kIsSpecial = MakeSpecialTable();
+
+bool IsSpecial(char c) { return kIsSpecial[static_cast<unsigned char>(c)]; }
 
 /// Writes the special character at `index`; returns the index behind what it took. The comments name the
 /// replacements that it stands for.
@@ -94,7 +100,7 @@ std::string NormaliseObjectText(std::string_view text) {
   std::size_t index = 0;
   while (index < text.size()) {
     const auto plainEnd =
-        std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(), IsPlain);
+        std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(), IsSpecial);
     const auto end = static_cast<std::size_t>(plainEnd - text.begin());
     if (end > index) writer.Put(text.substr(index, end - index));
     index = end < text.size() ? WriteSpecial(text, end, writer) : end;
