@@ -5,6 +5,7 @@
 #include "dxf/dxf_rw.h"
 #include "pdf/pdf_rw.h"
 #include "sink/my_draw_load.h"
+#include "svg/svg_rw.h"
 
 namespace {
 
@@ -39,5 +40,6 @@ bool DispatchFile(CMyDrawLoad& sink, std::string path) {
   const std::string extension = ExtensionOf(path);
   if (extension == "pdf") return ReadWith<PDF_RW>(sink, path, PARSE::kPdfFile);
   if (extension == "dxf") return ReadWith<DXF_RW>(sink, path, PARSE::kDxfFile);
+  if (extension == "svg") return ReadWith<SVG_RW>(sink, path, PARSE::kSvgFile);
   return true;
 }

@@ -160,6 +160,49 @@ constexpr std::size_t kBitmapBytes = std::size_t{1} << 28;
 /// All packed grey bitmaps of one file, in bytes: eight A3 sheets at 800 dots per inch.
 constexpr std::size_t kBitmapBytesPerFile = std::size_t{1} << 30;
 
+/// SVG files beyond this length are not read: texts are counted in 32 bits. The XML tree of such a file would
+/// take some 20 GB.
+constexpr std::size_t kSvgFileBytes = std::size_t{1} << 31;
+
+/// Attributes of one XML element. The parser compares each with all before it; drawing programs write up to a
+/// few dozen. A file with more counts as damaged.
+constexpr std::size_t kSvgAttributes = 512;
+
+/// How far the parser may look for the ends of character references ("&#"), for each byte of the file. Real
+/// references end within ten bytes.
+constexpr std::size_t kSvgReferenceSearchPerByte = 64;
+
+/// Records of an SVG file with several top-level elements, which are walked again and again: half a megabyte
+/// of "<a/>" would make billions.
+constexpr std::size_t kSvgRepeatedRecords = std::size_t{1} << 20;
+
+/// Bytes of attributes that the elements of an SVG file receive from groups and style sheets: a base, and so
+/// much for each byte of the file. An element that inherits a long style may receive 50 times its own length.
+/// Beyond it elements have what they write themselves.
+constexpr std::size_t kSvgInheritedBase = std::size_t{64} << 20;
+constexpr std::size_t kSvgInheritedPerByte = 64;
+
+/// Bytes of attribute lists that groups of an SVG file store to hand them on, each a merge of the group's own
+/// and those around it. A group beyond it hands on nothing.
+constexpr std::size_t kSvgHandedOnBase = std::size_t{64} << 20;
+constexpr std::size_t kSvgHandedOnPerByte = 8;
+
+/// What an SVG file may draw through references: `use`, and geometry that elements inherit. A record counts
+/// 4, each 64 bytes of its attributes and each segment of a path 1, each byte of a text 16; a unit takes some
+/// 150 bytes of results. Small files get little, but 20,000 uses of a symbol of 1,000 segments stay within
+/// the bound. Beyond it references draw nothing.
+constexpr std::size_t kSvgReferencedBase = std::size_t{1} << 22;
+constexpr std::size_t kSvgReferencedPerByte = 32;
+constexpr std::size_t kSvgReferencedMost = std::size_t{1} << 25;
+
+/// Records that the shapes of an SVG file look up for their gradients, and bytes of attributes that they copy
+/// from them: a few seconds' work. A million shapes with a gradient of ten stops stay within it.
+constexpr std::size_t kSvgGradientUnits = std::size_t{1} << 32;
+
+/// Pixels that are decoded for one SVG file. A small file can hold, or refer to in turn, many pictures of
+/// great size.
+constexpr std::size_t kSvgPicturePixels = std::size_t{1} << 29;
+
 }  // namespace support::limits
 
 #endif

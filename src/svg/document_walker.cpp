@@ -1,0 +1,204 @@
+#include "svg/document_walker.h"
+
+#include <algorithm>
+#include <limits>
+#include <tinyxml2.h>
+
+#include "support/file_bytes.h"
+#include "support/limits.h"
+#include "svg/svg_interface.h"
+#include "svg/xml_bounds.h"
+
+namespace Svg {
+
+namespace {
+
+constexpr ElementName kKnownNames[] = {
+    {"svg", "svg", "svgtail", ElementType::Svg},
+    {"g", "g", "gtail", ElementType::G},
+    {"defs", "defs", "defstail", ElementType::Defs},
+    {"symbol", "symbol", "symboltail", ElementType::Symbol},
+    {"flowRoot", "flowroot", "flowRoottail", ElementType::FlowRoot},
+    {"flowRegion", "", "flowRegiontail", ElementType::Unknown},
+    {"line", "line", "linetail", ElementType::Line},
+    {"rect", "rect", "recttail", ElementType::Rect},
+    {"circle", "circle", "circletail", ElementType::Circle},
+    {"ellipse", "ellipse", "ellipsetail", ElementType::Ellipse},
+    {"polyline", "polyline", "polylinetail", ElementType::Polyline},
+    {"polygon", "polygon", "polygontail", ElementType::Polygon},
+    {"path", "path", "pathtail", ElementType::Path},
+    {"text", "text", "texttail", ElementType::Text},
+    {"tspan", "tspan", "tspantail", ElementType::Tspan},
+    {"image", "image", "imagetail", ElementType::Image},
+    {"use", "use", "usetail", ElementType::Use},
+    {"style", "style", "styletail", ElementType::Style},
+    {"linearGradient", "linearGradient", "linearGradienttail", ElementType::LinearGradient},
+    {"radialGradient", "radialGradient", "radialGradienttail", ElementType::RadialGradient},
+    {"stop", "stop", "stoptail", ElementType::Stop},
+    {"Param", "Param", "Paramtail", ElementType::Param},
+    {"clipPath", "", "clipPathtail", ElementType::ClipPath},
+    {"switch", "", "switchtail", ElementType::Switch},
+    {"foreignObject", "", "foreignObjecttail", ElementType::ForeignObject},
+};
+
+constexpr std::string_view kActiveNames[] = {"svg",     "g",        "line",    "rect", "circle",
+                                             "ellipse", "polyline", "polygon", "path", "text",
+                                             "tspan",   "image",    "use"};
+constexpr std::string_view kInactiveNames[] = {"flowRoot", "flowRegion", "linearGradient", "radialGradient",
+                                               "unknown"};
+
+template <std::size_t Count>
+bool IsOneOf(const std::string_view (&names)[Count], std::string_view name) {
+  return std::find(std::begin(names), std::end(names), name) != std::end(names);
+}
+
+/// The element's own text, if it stands before any element inside it; comments do not count.
+std::string_view TextOf(const tinyxml2::XMLElement& node) {
+  const char* const text = node.GetText();
+  return text == nullptr ? std::string_view{} : std::string_view(text);
+}
+
+}  // namespace
+
+SvgDocumentWalker::SvgDocumentWalker(std::string filePath, SVG_Interface& recordOwner)
+    : path(std::move(filePath)),
+      owner(recordOwner),
+      queue(recordOwner.store),
+      recordLimit(std::numeric_limits<std::size_t>::max()) {}
+
+void SvgDocumentWalker::Load() {
+  auto file = support::FileBytes::Read(path);
+  if (!file || file->View().size() > support::limits::kSvgFileBytes || !IsWithinXmlBounds(file->View()))
+    return;
+  tinyxml2::XMLDocument document(true, tinyxml2::PRESERVE_WHITESPACE);
+  document.Parse(file->View().data(), file->View().size());
+  owner.fileBytes = file->View().size();
+  resolver.emplace(owner.store, queue, owner.fileBytes);
+  file.reset();
+  if (document.Error()) return;
+  loadOk = true;
+  Walk(document);
+  HandOverRules();
+}
+
+/// Kept: with several top-level elements the walk starts again at each of them and runs to the last one.
+void SvgDocumentWalker::Walk(const tinyxml2::XMLDocument& document) {
+  const tinyxml2::XMLElement* start = document.FirstChildElement();
+  WalkNodes(start);
+  recordLimit = std::max(owner.elements.size(), support::limits::kSvgRepeatedRecords);
+  while (start != nullptr && owner.elements.size() < recordLimit) {
+    start = start->NextSiblingElement();
+    WalkNodes(start);
+  }
+}
+
+void SvgDocumentWalker::WalkNodes(const tinyxml2::XMLElement* node) {
+  for (; node != nullptr && owner.elements.size() < recordLimit; node = node->NextSiblingElement()) {
+    const ElementName& name = NameOf(node->Value());
+    StartElement(*node, name);
+    WalkNodes(node->FirstChildElement());
+    EndElement(name);
+  }
+}
+
+void SvgDocumentWalker::StartElement(const tinyxml2::XMLElement& node, const ElementName& name) {
+  SVG_Element record;
+  record.elementType = name.elementType;
+  record.elementName = name.elementName;
+  resolver->ReadWritten(record, node.FirstAttribute());
+  if (record.elementType != ElementType::Style) pathNames.push_back(&name);
+  ResolveByType(record, node);
+  nameStack.push_back(record.id);
+  UpdateActive(record, true);
+  owner.AddElement(record);
+}
+
+void SvgDocumentWalker::ResolveByType(SVG_Element& record, const tinyxml2::XMLElement& node) {
+  switch (record.elementType) {
+    case ElementType::G:
+    case ElementType::Defs:
+      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      inheritedAttributes = resolver->HandOnMerged(record);
+      break;
+    case ElementType::Symbol:
+      inheritedAttributes = resolver->HandOnWritten(record);
+      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      break;
+    case ElementType::Text:
+      if (++textDepth == 1) textAttributes = resolver->HandOnWritten(record);
+      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      record.AppendText(TextOf(node), owner.store);
+      break;
+    case ElementType::Tspan:
+      resolver->Resolve(record, record.elementName, textAttributes);
+      record.AppendText(TextOf(node), owner.store);
+      break;
+    case ElementType::Style:
+      record.AppendText(TextOf(node), owner.store);
+      UpdateActive(record, false);
+      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      break;
+    default:
+      // Rules know the flowed text's region by a name that its record does not have.
+      const bool isFlowRegion = pathNames.back()->xmlName == "flowRegion";
+      resolver->Resolve(record, isFlowRegion ? "flowregion" : record.elementName, inheritedAttributes);
+  }
+}
+
+void SvgDocumentWalker::EndElement(const ElementName& name) {
+  // Kept: the attributes of a group around this one are not handed on any more.
+  if (name.elementType == ElementType::G) inheritedAttributes = nullptr;
+  if (name.elementType == ElementType::Text) --textDepth;
+  SVG_Element tail;
+  tail.elementType = ElementType::Tail;
+  tail.elementName = name.tailName;
+  tail.id = nameStack.back();
+  nameStack.pop_back();
+  const bool isStyle = name.elementType == ElementType::Style;
+  if (isStyle) {
+    tail.active = false;
+  } else {
+    UpdateActive(tail, true);
+  }
+  // Kept: the name of a `style` element is never pushed and yet one is taken off here, so that the path of
+  // everything behind it is one name short.
+  if (!pathNames.empty()) pathNames.pop_back();
+  owner.AddElement(tail);
+}
+
+void SvgDocumentWalker::UpdateActive(SVG_Element& record, bool allow) const {
+  if (pathNames.size() == 1) {
+    if (pathNames[0]->xmlName == "svg") record.active = true;
+  } else if (pathNames.size() >= 2) {
+    const std::string_view second = pathNames[1]->xmlName;
+    const std::string_view last = pathNames.back()->xmlName;
+    if (second == "defs" || second == "symbol" || IsOneOf(kInactiveNames, last)) {
+      record.active = false;
+    } else if (IsOneOf(kActiveNames, last)) {
+      record.active = true;
+    }
+  }
+  if (record.elementType == ElementType::Style || !allow) record.active = false;
+}
+
+/// The last rule goes first, so that of two rules for a class the first one stays.
+void SvgDocumentWalker::HandOverRules() {
+  const std::deque<StyleRule>& rules = queue.Rules();
+  std::for_each(rules.rbegin(), rules.rend(),
+                [this](const StyleRule& rule) { owner.AddStyleRule(rule.selectorClass, rule); });
+}
+
+const ElementName& SvgDocumentWalker::NameOf(std::string_view xmlName) {
+  if (lastName != nullptr && lastName->xmlName == xmlName) return *lastName;
+  const auto* const known =
+      std::find_if(std::begin(kKnownNames), std::end(kKnownNames),
+                   [xmlName](const ElementName& row) { return row.xmlName == xmlName; });
+  if (known != std::end(kKnownNames)) return *(lastName = known);
+  const auto found = unknownNames.find(xmlName);
+  if (found != unknownNames.end()) return *(lastName = &found->second);
+  const std::string_view kept = owner.store.Store(xmlName);
+  const std::string_view tailName = owner.store.Store(std::string(xmlName).append("tail"));
+  return *(lastName = &(unknownNames[kept] = {kept, "unknown", tailName, ElementType::Unknown}));
+}
+
+}  // namespace Svg

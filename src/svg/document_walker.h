@@ -1,0 +1,69 @@
+#ifndef DRAWLOAD_SVG_DOCUMENT_WALKER_H
+#define DRAWLOAD_SVG_DOCUMENT_WALKER_H
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "svg/element.h"
+#include "svg/style_resolution.h"
+
+namespace tinyxml2 {
+class XMLDocument;
+class XMLElement;
+}  // namespace tinyxml2
+
+namespace Svg {
+
+class SVG_Interface;
+
+/// What the name of an XML element says about its records.
+struct ElementName {
+  std::string_view xmlName;
+  std::string_view elementName;
+  std::string_view tailName;
+  ElementType elementType = ElementType::Unknown;
+};
+
+/// Turns an SVG file into records: one for each element's start and one for each element's end, in document
+/// order, attributes resolved.
+class SvgDocumentWalker {
+ public:
+  SvgDocumentWalker(std::string filePath, SVG_Interface& recordOwner);
+
+  /// Reads and walks the file. Nothing of the XML tree remains.
+  void Load();
+
+  bool loadOk = false;  ///< the file could be read and is well-formed XML
+
+ private:
+  void Walk(const tinyxml2::XMLDocument& document);
+  void WalkNodes(const tinyxml2::XMLElement* node);
+  void StartElement(const tinyxml2::XMLElement& node, const ElementName& name);
+  void EndElement(const ElementName& name);
+  void ResolveByType(SVG_Element& record, const tinyxml2::XMLElement& node);
+  void UpdateActive(SVG_Element& record, bool allow) const;
+  void HandOverRules();
+  const ElementName& NameOf(std::string_view xmlName);
+
+  std::string path;
+  SVG_Interface& owner;
+  RuleQueue queue;
+  std::optional<StyleResolver> resolver;
+  std::vector<std::string_view> nameStack;    ///< ids of the open elements
+  std::vector<const ElementName*> pathNames;  ///< names of the open elements; see `EndElement` for `style`
+  const InheritedAttributes* inheritedAttributes = nullptr;
+  const InheritedAttributes* textAttributes = nullptr;  ///< of the last outermost `text`
+  std::int32_t textDepth = 0;
+  std::size_t recordLimit;
+  const ElementName* lastName = nullptr;
+  std::unordered_map<std::string_view, ElementName> unknownNames;
+};
+
+}  // namespace Svg
+
+#endif

@@ -1,0 +1,195 @@
+// The walk over the records of a document: what is drawn, what is skipped, how groups and references nest.
+
+#include "support/limits.h"
+#include "support/text_to_number.h"
+#include "svg/svg_rw.h"
+#include "svg/transform_list.h"
+
+using Svg::ElementType;
+using Svg::SVG_Element;
+
+namespace {
+
+// What counts how much of what may be drawn through references.
+constexpr std::size_t kUnitsOfRecord = 4;
+constexpr std::size_t kUnitsOfTextByte = 16;
+constexpr std::size_t kCopyBytesOfUnit = 64;
+
+}  // namespace
+
+void SVG_RW::DrawElements(const Svg::RecordList& records, PARSE::Context context) {
+  WalkState state;
+  for (const SVG_Element* const record : records) {
+    if (record->active) DrawElement(*record, state, context);
+  }
+}
+
+void SVG_RW::DrawElement(const SVG_Element& record, WalkState& state, PARSE::Context context) {
+  if (isClone) SpendOnReferences(record.CopyBytes() / kCopyBytesOfUnit);
+  switch (record.elementType) {
+    case ElementType::Svg:
+      SetupPage(record);
+      sink->SetPage(&page, context);
+      break;
+    case ElementType::G:
+      if (!state.inDefs) OpenGroup(record, context);
+      break;
+    case ElementType::Defs: state.inDefs = true; break;
+    case ElementType::ClipPath:
+    case ElementType::Switch: state.inClip = true; break;
+    case ElementType::Param: EmitMachineInfo(record, context); break;
+    case ElementType::Tail: DrawTail(record, state, context); break;
+    case ElementType::Line:
+    case ElementType::Rect:
+    case ElementType::Circle:
+    case ElementType::Ellipse:
+    case ElementType::Polyline:
+    case ElementType::Polygon:
+    case ElementType::Path:
+    case ElementType::Image:
+      if (!state.IsHidden()) DrawShape(record, context);
+      break;
+    case ElementType::Use:
+      if (!state.IsHidden()) DrawUse(record, context);
+      break;
+    case ElementType::Text:
+    case ElementType::Tspan:
+      if (!state.IsHidden()) DrawText(record, state, context);
+      break;
+    default: break;
+  }
+}
+
+void SVG_RW::DrawShape(const SVG_Element& record, PARSE::Context context) {
+  if (isClone && !SpendOnReferences(0)) return;
+  groupAttributes->Load(record);
+  const bool hasStroke = groupAttributes->Field(Svg::kStroke) != "none";
+  const bool isPainted = hasStroke || groupAttributes->Field(Svg::kFill) != "none";
+  switch (record.elementType) {
+    case ElementType::Image: return Draw(record, &SVG_RW::EmitImage, &DrawLoader::AddImage, context);
+    case ElementType::Line:
+      if (hasStroke) Draw(record, &SVG_RW::EmitLine, &DrawLoader::AddLine, context);
+      return;
+    default: break;
+  }
+  if (!isPainted) return;
+  switch (record.elementType) {
+    case ElementType::Circle: return Draw(record, &SVG_RW::EmitCircle, &DrawLoader::AddCircle, context);
+    case ElementType::Ellipse: return Draw(record, &SVG_RW::EmitEllipse, &DrawLoader::AddEllipse, context);
+    case ElementType::Rect: return DrawOutline(record, &SVG_RW::EmitRect, context);
+    case ElementType::Path: return DrawOutline(record, &SVG_RW::EmitPath, context);
+    default: return DrawOutline(record, &SVG_RW::EmitPolyline, context);
+  }
+}
+
+template <typename Entity>
+void SVG_RW::Draw(const SVG_Element& record, Emitter<Entity> emit, Operation<Entity> operation,
+                  PARSE::Context context) {
+  auto entity = std::make_unique<Entity>();
+  (this->*emit)(record, *entity);
+  const bool isAccepted = (sink->*operation)(entity.get(), context);
+  Keep(isAccepted, std::move(entity));
+}
+
+void SVG_RW::Keep(bool isAccepted, std::unique_ptr<Entity_ZR::ZR_Entity> entity) {
+  if (!isAccepted) return;
+  entity->attributes = {};
+  entity->dashes = {};
+  keptEntities.push_back(std::move(entity));
+}
+
+/// Kept: texts inside texts are counted and not drawn; a text that is hidden by a clip path is not counted
+/// while its end is, so that the depth may go below zero.
+void SVG_RW::DrawText(const SVG_Element& record, WalkState& state, PARSE::Context context) {
+  const bool isText = record.elementType == ElementType::Text;
+  if (isText ? ++state.textDepth > 1 : state.textDepth != 1) return;
+  if (isClone && !SpendOnReferences(kUnitsOfTextByte * record.content.size())) return;
+  groupAttributes->Load(record);
+  auto text = std::make_unique<Entity_ZR::ZR_Text>();
+  EmitText(record, *text);
+  if (isText) {
+    state.textMatrix = text->matrix;
+  } else {
+    text->matrix = state.textMatrix;
+  }
+  const bool isAccepted = sink->AddText(text.get(), context);
+  Keep(isAccepted, std::move(text));
+}
+
+void SVG_RW::DrawTail(const SVG_Element& record, WalkState& state, PARSE::Context context) {
+  if (record.elementName == "defstail") {
+    state.inDefs = false;
+  } else if (record.elementName == "clipPathtail" || record.elementName == "switchtail") {
+    state.inClip = false;
+  } else if (record.elementName == "texttail") {
+    if (!state.inDefs) --state.textDepth;
+  } else if (record.elementName == "gtail") {
+    if (!state.inDefs) CloseGroup(context);
+  }
+}
+
+void SVG_RW::OpenGroup(const SVG_Element& record, PARSE::Context context) {
+  sink->BeginGroup(context);
+  auto insert = std::make_unique<Entity_ZR::ZR_Insert>();
+  groupAttributes->Load(record);
+  insert->matrix = Svg::ParseTransform(groupAttributes->Field(Svg::kTransform));
+  PlaceInDocument(insert->matrix);
+  AttachRemaining(*insert);
+  PushGroupMatrix(*insert);
+  const bool isAccepted = sink->AddInsert(insert.get(), context);
+  Keep(isAccepted, std::move(insert));
+}
+
+/// The frame gets the whole product from the root to this group.
+void SVG_RW::PushGroupMatrix(Entity_ZR::ZR_Entity& entity) {
+  if (!matrixStack.empty()) Concat(entity.matrix, matrixStack.back());
+  matrixStack.push_back(entity.matrix);
+  documentMatrixAbsorbed = true;
+}
+
+void SVG_RW::CloseGroup(PARSE::Context context) {
+  if (!matrixStack.empty()) matrixStack.pop_back();
+  if (matrixStack.empty()) documentMatrixAbsorbed = false;
+  sink->EndGroup(context);
+}
+
+/// A `use` draws the records of the element that it refers to, in a group of its own if it places them. Kept:
+/// what is inactive where it stands is inactive here too, and a `use` inside a `use` is not followed.
+void SVG_RW::DrawUse(const SVG_Element& record, PARSE::Context context) {
+  if (isClone) return;
+  groupAttributes->Load(record);
+  const std::string_view href = groupAttributes->Field(Svg::kXlinkHref);
+  if (!href.starts_with('#')) return;
+  const std::string_view id = href.substr(1);
+  if (!SpendOnReferences(kUnitsOfRecord * document->LookupCost(id))) return;
+  const Svg::RecordList records = document->FindById(id);
+  if (records.empty()) return;
+  const bool hasGroup = OpenUseGroup(context);
+  isClone = true;
+  DrawElements(records, context);
+  isClone = false;
+  if (hasGroup) CloseGroup(context);
+}
+
+/// False where the `use` in hand does not place what it draws.
+bool SVG_RW::OpenUseGroup(PARSE::Context context) {
+  const std::string_view transform = groupAttributes->Field(Svg::kTransform);
+  const std::string_view x = groupAttributes->Field(Svg::kX);
+  const std::string_view y = groupAttributes->Field(Svg::kY);
+  if (transform.empty() && x.empty() && y.empty()) return false;
+  Matrix2D placement = Svg::ParseTransform(transform);
+  PlaceInDocument(placement);
+  auto insert = std::make_unique<Entity_ZR::ZR_Insert>();
+  insert->matrix = {1.0, 0.0, 0.0, 1.0, support::AtoF(x), support::AtoF(y)};
+  Concat(insert->matrix, placement);
+  PushGroupMatrix(*insert);
+  sink->BeginGroup(context);
+  const bool isAccepted = sink->AddInsert(insert.get(), context);
+  Keep(isAccepted, std::move(insert));
+  return true;
+}
+
+bool SVG_RW::SpendOnReferences(std::size_t units) {
+  referencedUnits += units;
+  return referencedUnits <= referencedUnitsLimit;
+}

@@ -1,0 +1,56 @@
+#include "svg/element.h"
+
+#include <string>
+#include <tinyxml2.h>
+
+namespace Svg {
+
+namespace {
+
+void AppendTo(std::string_view& kept, std::string_view text, AttributeStore& store) {
+  if (text.empty()) return;
+  kept = kept.empty() ? store.Store(text) : store.Store(std::string(kept).append(text));
+}
+
+}  // namespace
+
+SVG_Element::~SVG_Element() = default;
+
+void SVG_Element::ReadAttributes(const tinyxml2::XMLAttribute* first, AttributeStore& store,
+                                 std::vector<AttributeEntry>& entries) const {
+  for (const auto* attribute = first; attribute != nullptr; attribute = attribute->Next()) {
+    entries.emplace_back(store.KeyOf(attribute->Name()), store.Store(attribute->Value()));
+  }
+}
+
+void SVG_Element::AppendText(std::string_view text, AttributeStore& store) {
+  if (text != content) AppendTo(content, text, store);
+}
+
+void SVG_Element::AppendTail(std::string_view text, AttributeStore& store) {
+  AppendTo(secondaryContent, text, store);
+}
+
+void SVG_Element::ParseStyleSheet(std::string_view text, RuleQueue& queue) const {
+  ReadStyleSheet(text, queue);
+}
+
+std::size_t SVG_Element::CopyBytes() const {
+  const std::size_t received = inherited == nullptr ? 0 : inherited->copyBytes;
+  return received + Svg::CopyBytes(Written()) + Svg::CopyBytes(RuleProperties());
+}
+
+std::size_t CopyBytes(std::span<const AttributeEntry> entries) {
+  std::size_t total = 0;
+  for (const AttributeEntry& entry : entries) total += entry.CopyBytes();
+  return total;
+}
+
+const AttributeEntry* LastOf(std::span<const AttributeEntry> entries, AttributeKey key) {
+  for (std::size_t i = entries.size(); i > 0; --i) {
+    if (entries[i - 1].key == key) return &entries[i - 1];
+  }
+  return nullptr;
+}
+
+}  // namespace Svg

@@ -1,0 +1,110 @@
+#ifndef DRAWLOAD_SVG_ELEMENT_H
+#define DRAWLOAD_SVG_ELEMENT_H
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "svg/attribute_store.h"
+#include "svg/style_rule.h"
+
+namespace tinyxml2 {
+class XMLAttribute;
+}
+
+namespace Svg {
+
+enum class ElementType : std::int32_t {
+  Svg = 0,
+  G = 1,
+  Defs = 2,
+  Symbol = 3,
+  FlowRoot = 4,
+  FlowRegion = 5,
+  Line = 6,
+  Rect = 7,
+  Circle = 8,
+  Ellipse = 9,
+  Polyline = 10,
+  Polygon = 11,
+  Path = 12,
+  Text = 13,
+  Tspan = 14,
+  Image = 15,
+  Use = 16,
+  ClipPath = 17,
+  Style = 18,
+  LinearGradient = 19,
+  RadialGradient = 20,
+  Stop = 21,
+  Switch = 22,
+  ForeignObject = 23,
+  Param = 24,
+  Tail = 25,
+  Unknown = 26,
+};
+
+/// What an element hands on to the elements inside it, shared by all of them. "transform" and "id" among the
+/// entries are not inherited. Lives in the document's `AttributeStore`.
+struct InheritedAttributes {
+  std::span<const AttributeEntry> entries;          ///< a later entry of a key replaces an earlier one
+  std::span<const AttributeEntry> styleProperties;  ///< those that came out of a "style" attribute
+  std::size_t copyBytes = 0;                        ///< what it would take to copy all of this
+};
+
+/// One record of a document: the start of an element or, as `ElementType::Tail`, its end. Nesting shows in
+/// the order of the records alone. All texts lie in the document's `AttributeStore`.
+///
+/// The merged attributes of a record are the inherited entries, then its own attributes as written, then the
+/// properties of its "style" attribute, then the properties of the style sheet rules that act on it; what
+/// comes later replaces what came before under the same key.
+class SVG_Element {
+ public:
+  SVG_Element() = default;
+  SVG_Element(const SVG_Element&) = default;
+  SVG_Element& operator=(const SVG_Element&) = default;
+  virtual ~SVG_Element();
+
+  /// Appends the XML attributes from `first` on, which may be null, to `entries`.
+  virtual void ReadAttributes(const tinyxml2::XMLAttribute* first, AttributeStore& store,
+                              std::vector<AttributeEntry>& entries) const;
+  /// Appends `text` to `content`, unless it is empty or what already stands there.
+  virtual void AppendText(std::string_view text, AttributeStore& store);
+  /// Appends `text` to `secondaryContent`.
+  virtual void AppendTail(std::string_view text, AttributeStore& store);
+  /// Appends the rules of a style sheet to `queue`.
+  virtual void ParseStyleSheet(std::string_view text, RuleQueue& queue) const;
+
+  std::span<const AttributeEntry> OwnAttributes() const { return {written, ownCount}; }
+  std::span<const AttributeEntry> StyleProperties() const { return {written + ownCount, styleCount}; }
+  /// Own attributes and style properties, in this order.
+  std::span<const AttributeEntry> Written() const { return {written, ownCount + styleCount}; }
+  std::span<const AttributeEntry> RuleProperties() const { return {ruled, ruleCount}; }
+
+  /// About what it takes to copy the merged attributes.
+  std::size_t CopyBytes() const;
+
+  const InheritedAttributes* inherited = nullptr;
+  const AttributeEntry* written = nullptr;  ///< `ownCount` attributes, then `styleCount` style properties
+  const AttributeEntry* ruled = nullptr;
+  std::uint32_t ownCount = 0;
+  std::uint32_t styleCount = 0;
+  std::uint32_t ruleCount = 0;
+  ElementType elementType = ElementType::Unknown;
+  std::string_view elementName;  ///< as the rules and look-ups compare it; a tail's ends in "tail"
+  std::string_view id;           ///< a tail has that of its start
+  std::string_view content;      ///< character data, or the text of a style sheet
+  std::string_view secondaryContent;
+  bool active = true;  ///< the walk over the records passes over the others
+};
+
+/// What it takes to copy `entries`.
+std::size_t CopyBytes(std::span<const AttributeEntry> entries);
+
+/// The last value of `key` in `entries`, or null.
+const AttributeEntry* LastOf(std::span<const AttributeEntry> entries, AttributeKey key);
+
+}  // namespace Svg
+
+#endif

@@ -1,0 +1,87 @@
+#ifndef DRAWLOAD_SVG_SVG_INTERFACE_H
+#define DRAWLOAD_SVG_SVG_INTERFACE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "svg/element.h"
+#include "svg/style_rule.h"
+
+namespace Svg {
+
+class SvgDocumentWalker;
+
+/// Records in document order, not owned.
+using RecordList = std::vector<const SVG_Element*>;
+
+/// The id in a link: the letters, digits and underscores behind the last "#" of `text`. Empty where there is
+/// no "#", or where `text` has more than one line.
+std::string_view ExtractHrefId(std::string_view text);
+
+/// A loaded document: its records, its style rules, and the look-ups among them.
+class SVG_Interface {
+ public:
+  /// Loads the file at `filePath`.
+  explicit SVG_Interface(std::string filePath);
+  SVG_Interface(const SVG_Interface&) = delete;
+  SVG_Interface& operator=(const SVG_Interface&) = delete;
+  virtual ~SVG_Interface();
+
+  /// Appends a copy of `record` to `elements`.
+  virtual void AddElement(const SVG_Element& record);
+  /// Makes `rule` the one of `className`, in place of any other.
+  virtual void AddStyleRule(std::string_view className, const StyleRule& rule);
+
+  /// The records that belong to `id`: from each record with this id to the next one with it, or to the end of
+  /// the document. As a tail has its element's id, that is the element with all that it holds, for each
+  /// element of that id. A child with the id of its parent ends the range early.
+  RecordList FindRange(std::string_view id);
+  /// The same into `lookupResult`. Where the first record is a gradient that links to another element, each
+  /// stop of that element is inserted at the place that it has there.
+  const RecordList& FindById(std::string_view id);
+  /// How many records a `FindById` goes through, at no cost.
+  std::size_t LookupCost(std::string_view id);
+
+  /// The properties of the rule of `className`, or null.
+  const StyleProperties* ClassProperties(std::string_view className) const;
+
+  bool loaded = false;  ///< the file could be read and is well-formed XML
+  std::string path;
+  std::size_t fileBytes = 0;
+  RecordList lookupResult;
+  RecordList elements;
+  AttributeStore store;
+  std::unordered_map<std::string_view, StyleRule> styleRules;  ///< by class
+
+ private:
+  using RecordIndex = std::uint32_t;
+
+  /// The records of one id.
+  struct IdPlaces {
+    RecordIndex first = 0;
+    RecordIndex last = 0;
+    bool isInside = false;          ///< the last one opens a range
+    std::size_t closedRecords = 0;  ///< records in the ranges before that
+  };
+
+  void BuildIndex();
+  const IdPlaces* PlacesOf(std::string_view id);
+  std::size_t RangeSize(std::string_view id);
+  std::string_view LinkedGradient(std::string_view id);
+  std::string_view HrefOf(const SVG_Element& record) const;
+
+  std::deque<SVG_Element> storedElements;
+  bool hasIndex = false;
+  std::unordered_map<std::string_view, IdPlaces> placesById;
+  std::vector<RecordIndex> nextOfSameId;  ///< by record; 0 where there is none
+};
+
+}  // namespace Svg
+
+#endif

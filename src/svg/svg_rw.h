@@ -1,0 +1,132 @@
+#ifndef DRAWLOAD_SVG_SVG_RW_H
+#define DRAWLOAD_SVG_SVG_RW_H
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entity/image.h"
+#include "entity/insert.h"
+#include "entity/path.h"
+#include "entity/shapes.h"
+#include "entity/text.h"
+#include "sink/reader_interface.h"
+#include "support/picture.h"
+#include "svg/merged_attributes.h"
+#include "svg/path_data.h"
+#include "svg/svg_interface.h"
+
+/// The SVG reader: loads a document into records, then walks them and hands what is drawable to the sink.
+/// Nothing is filled and nothing is clipped: a shape becomes its outline.
+class SVG_RW : public PARSE::DrawLoader {
+ public:
+  SVG_RW() = default;
+  ~SVG_RW() override;
+
+  /// False only for an empty path. A file that cannot be read or is not well-formed draws nothing.
+  bool Read(const std::string& filePath, PARSE::Context context) override;
+  /// Frees what was built from a document.
+  virtual void ResetReader();
+
+ private:
+  /// What the walk over one list of records remembers.
+  struct WalkState {
+    bool inDefs = false;
+    bool inClip = false;
+    std::int32_t textDepth = 0;
+    Matrix2D textMatrix;
+
+    bool IsHidden() const { return inDefs || inClip; }
+  };
+  template <typename Entity>
+  using Operation = bool (PARSE::DrawLoader::*)(Entity*, PARSE::Context);
+  template <typename Entity>
+  using Emitter = void (SVG_RW::*)(const Svg::SVG_Element&, Entity&);
+
+  // The walk over the records.
+  void DrawElements(const Svg::RecordList& records, PARSE::Context context);
+  void DrawElement(const Svg::SVG_Element& record, WalkState& state, PARSE::Context context);
+  void DrawShape(const Svg::SVG_Element& record, PARSE::Context context);
+  void DrawText(const Svg::SVG_Element& record, WalkState& state, PARSE::Context context);
+  void DrawTail(const Svg::SVG_Element& record, WalkState& state, PARSE::Context context);
+  void OpenGroup(const Svg::SVG_Element& record, PARSE::Context context);
+  void CloseGroup(PARSE::Context context);
+  void DrawUse(const Svg::SVG_Element& record, PARSE::Context context);
+  bool OpenUseGroup(PARSE::Context context);
+  void EmitMachineInfo(const Svg::SVG_Element& record, PARSE::Context context);
+
+  // The page.
+  void SetupPage(const Svg::SVG_Element& record);
+  void SetupPageFromSize();
+  void SetupPageFromViewBox(std::string_view viewBox);
+
+  // What all entities share.
+  void ApplyStyle(const Svg::SVG_Element& record, Entity_ZR::ZR_Entity& entity);
+  void ApplyClassRule(std::string_view className, std::string_view& stroke, std::string_view& fill) const;
+  void ApplyLineStyle(Entity_ZR::ZR_Entity& entity);
+  void ApplyGradient(std::string_view fillText, Entity_ZR::ZR_Entity& entity);
+  void AttachGradient(const Svg::SVG_Element& record, Entity_ZR::ZR_Entity& entity);
+  void AttachStyle(const Svg::SVG_Element& record, Entity_ZR::ZR_Entity& entity);
+  void AttachRemaining(Entity_ZR::ZR_Entity& entity);
+  void PlaceInDocument(Matrix2D& matrix) const;
+  void PushGroupMatrix(Entity_ZR::ZR_Entity& entity);
+
+  // One emitter for each kind of element. `groupAttributes` holds the record's attributes.
+  void EmitLine(const Svg::SVG_Element& record, Entity_ZR::ZR_Line& line);
+  void EmitCircle(const Svg::SVG_Element& record, Entity_ZR::ZR_Circle& circle);
+  void EmitEllipse(const Svg::SVG_Element& record, Entity_ZR::ZR_Ellipse& ellipse);
+  void EmitRect(const Svg::SVG_Element& record, Entity_ZR::ZR_Path& path);
+  void EmitPolyline(const Svg::SVG_Element& record, Entity_ZR::ZR_Path& path);
+  void EmitPath(const Svg::SVG_Element& record, Entity_ZR::ZR_Path& path);
+  void EmitText(const Svg::SVG_Element& record, Entity_ZR::ZR_Text& text);
+  void ApplyFont(Entity_ZR::ZR_Text& text);
+  void EmitImage(const Svg::SVG_Element& record, Entity_ZR::ZR_Image& image);
+  support::Picture PictureOf(std::string_view href);
+
+  /// The attribute `key` of the record in hand, as a number without a unit.
+  double Number(Svg::KnownKey key) const;
+  /// Whether the value of `key` stands on the element itself and is drawn in its own place: no group, rule or
+  /// `use` repeats it.
+  bool IsDrawnOnce(const Svg::SVG_Element& record, Svg::KnownKey key) const;
+  /// Counts what is drawn through references. False, and nothing more is drawn that way, beyond the bound.
+  bool SpendOnReferences(std::size_t units);
+  /// The same for the look-up of gradients.
+  bool SpendOnGradients(std::size_t units);
+
+  template <typename Entity>
+  void Draw(const Svg::SVG_Element& record, Emitter<Entity> emit, Operation<Entity> operation,
+            PARSE::Context context);
+  void DrawOutline(const Svg::SVG_Element& record, Emitter<Entity_ZR::ZR_Path> emit, PARSE::Context context);
+  /// Ends the life of an entity that went to the sink: at once if it was refused.
+  void Keep(bool isAccepted, std::unique_ptr<Entity_ZR::ZR_Entity> entity);
+
+  std::unique_ptr<Svg::SVG_Interface> document;
+  /// What the sink accepted. Their lists are emptied, since no sink reads an entity after its operation.
+  std::vector<std::unique_ptr<Entity_ZR::ZR_Entity>> keptEntities;
+  /// The attributes of the record in hand; what is not erased by the end goes to the entity as pairs.
+  std::optional<Svg::MergedAttributes> groupAttributes;
+  std::optional<Svg::MergedAttributes> referencedAttributes;  ///< of a record that another one refers to
+  std::vector<double> viewBoxNumbers;
+  PARSE::PageRect page;  ///< millimetres
+  Matrix2D documentMatrix;
+  bool hasDocumentMatrix = false;
+  bool documentMatrixAbsorbed = false;  ///< `matrixStack` carries `documentMatrix`
+  std::deque<Matrix2D> matrixStack;
+  bool isClone = false;  ///< the records in hand are drawn through a `use`
+  std::size_t referencedUnits = 0;
+  std::size_t referencedUnitsLimit = 0;
+  std::size_t gradientUnits = 0;
+  std::size_t decodedPixels = 0;
+  std::string_view decodedHref;  ///< of `decodedPicture`
+  support::Picture decodedPicture;
+  // Room that is used again for each path.
+  Svg::Path pathData;
+  std::vector<double> pathNumbers;
+  std::vector<Entity_ZR::PathSegment> pathSegments;
+};
+
+#endif

@@ -1,0 +1,331 @@
+#include <gmock/gmock.h>
+
+#include "svg_drawing.h"
+
+using Entity_ZR::ZR_Circle;
+using Entity_ZR::ZR_Insert;
+using Entity_ZR::ZR_Line;
+using Entity_ZR::ZR_Path;
+using Entity_ZR::ZR_Text;
+using testing::ElementsAre;
+using testing::Pair;
+
+namespace {
+
+constexpr double kUnit = 0.35277777777777775;
+const Matrix2D kDocument = {kUnit, 0, 0, kUnit, 0, 0};
+const Matrix2D kIdentity;
+
+/// Names of what `content` makes inside a root, without the brackets of the file and the page.
+std::vector<std::string> Calls(const std::string& content) {
+  std::vector<std::string> names = SvgDrawing("<svg>" + content + "</svg>").Names();
+  names.erase(names.begin(), names.begin() + 3);
+  names.resize(names.size() - 2);
+  return names;
+}
+
+}  // namespace
+
+TEST(DrawingWalk, CallsTheOperationOfEachElement) {
+  EXPECT_THAT(
+      Calls("<line stroke='red'/><rect/><circle/><ellipse/><polyline/><polygon/><path/><text/><image/>"),
+      ElementsAre("AddLine", "AddPath", "AddCircle", "AddEllipse", "AddPath", "AddPath", "AddPath", "AddText",
+                  "AddImage"));
+}
+
+TEST(DrawingWalk, HandsOverEntitiesOfTheirTypes) {
+  const SvgDrawing drawing("<svg><g/><line stroke='red'/><circle/><ellipse/><path/><text/><image/></svg>");
+  std::vector<std::uint32_t> types;
+  for (const RecordedCall& call : drawing.sink.calls) {
+    if (call.entity != nullptr) types.push_back(call.entity->type);
+  }
+  EXPECT_THAT(types, ElementsAre(10, 1, 5, 6, 22, 8, 18));
+}
+
+TEST(DrawingWalk, SkipsALineWithoutStroke) {
+  EXPECT_THAT(Calls("<line/><line fill='red'/><line stroke='none' fill='red'/>"), ElementsAre());
+}
+
+TEST(DrawingWalk, SkipsShapesWithNeitherStrokeNorFill) {
+  for (const char* const name : {"rect", "circle", "ellipse", "polyline", "polygon", "path"}) {
+    const std::string element = std::string("<") + name;
+    EXPECT_THAT(Calls(element + " fill='none'/>"), ElementsAre()) << name;
+    EXPECT_EQ(Calls(element + "/>").size(), 1U) << name;
+    EXPECT_EQ(Calls(element + " fill='none' stroke='red'/>").size(), 1U) << name;
+  }
+}
+
+TEST(DrawingWalk, LooksAtTheFieldsAloneToSkip) {
+  // The rule that would paint the circle stands behind it, where only its colour is looked up.
+  EXPECT_THAT(Calls("<circle class='a' fill='none'/><style>.a{stroke:red}</style>"), ElementsAre());
+  EXPECT_THAT(Calls("<circle class='a' stroke='none'/><style>.a{stroke:red}</style>"),
+              ElementsAre("AddCircle"));
+}
+
+TEST(DrawingWalk, DrawsImagesAndTextsWhateverTheirPaint) {
+  EXPECT_THAT(Calls("<image fill='none' stroke='none'/><text fill='none'/>"),
+              ElementsAre("AddImage", "AddText"));
+}
+
+TEST(DrawingWalk, DrawsNothingInTopLevelDefsAndSymbols) {
+  EXPECT_THAT(Calls("<defs><g><rect/></g><text/><Param/></defs><symbol><rect/></symbol>"), ElementsAre());
+}
+
+TEST(DrawingWalk, DrawsNothingInNestedDefs) {
+  EXPECT_THAT(Calls("<g><defs><g><rect/></g><text/><image/><use xlink:href='#a'/></defs></g>"),
+              ElementsAre("BeginGroup", "AddInsert", "EndGroup"));
+}
+
+TEST(DrawingWalk, DrawsSymbolsInsideGroups) {
+  EXPECT_THAT(Calls("<g><symbol><rect/></symbol></g>"),
+              ElementsAre("BeginGroup", "AddInsert", "AddPath", "EndGroup"));
+}
+
+TEST(DrawingWalk, ReadsMachineParametersInNestedDefsAndClipPaths) {
+  EXPECT_THAT(Calls("<clipPath><Param/></clipPath><g><defs><Param/></defs></g>"),
+              ElementsAre("SetMachineInfo", "BeginGroup", "AddInsert", "SetMachineInfo", "EndGroup"));
+}
+
+TEST(DrawingWalk, OpensAndClosesGroupsInClipPathsAroundNothing) {
+  EXPECT_THAT(Calls("<clipPath><g><rect/><text/></g></clipPath><rect/>"),
+              ElementsAre("BeginGroup", "AddInsert", "EndGroup", "AddPath"));
+}
+
+TEST(DrawingWalk, DrawsNothingOfASwitch) {
+  EXPECT_THAT(Calls("<switch><rect/><circle/><image/></switch><rect/>"), ElementsAre("AddPath"));
+}
+
+TEST(DrawingWalk, EndsTheHidingAtTheFirstEnd) {
+  // The inner end clears what the outer start set.
+  EXPECT_THAT(Calls("<clipPath><switch></switch><rect/></clipPath>"), ElementsAre("AddPath"));
+}
+
+TEST(DrawingWalk, DrawsShapesInForeignObjectsAndUnknownElements) {
+  EXPECT_THAT(Calls("<foreignObject><rect/></foreignObject><foo><rect/></foo><a><rect/></a>"),
+              ElementsAre("AddPath", "AddPath", "AddPath"));
+}
+
+TEST(DrawingWalk, DrawsShapesInFlowedTexts) {
+  EXPECT_THAT(Calls("<flowRoot><flowRegion><rect/></flowRegion></flowRoot>"), ElementsAre("AddPath"));
+}
+
+TEST(DrawingWalk, DrawsARectangleBehindAStyleElement) {
+  EXPECT_THAT(Calls("<style>.a{fill:red}</style><rect/>"), ElementsAre("AddPath"));
+}
+
+TEST(DrawingWalk, SkipsDefsBehindAStyleElementByTheirFlag) {
+  EXPECT_THAT(Calls("<style/><defs><rect/><g><rect/></g></defs><rect/>"), ElementsAre("AddPath"));
+}
+
+TEST(DrawingWalk, CountsTextDepth) {
+  EXPECT_THAT(Calls("<text><text/><tspan/></text><text><tspan/></text>"),
+              ElementsAre("AddText", "AddText", "AddText", "AddText"));
+  const SvgDrawing nested("<svg><text>A<text>B<tspan>C</tspan></text></text></svg>");
+  EXPECT_EQ(nested.Only<ZR_Text>().text, "A");
+}
+
+TEST(DrawingWalk, DrawsNoTspanOutsideATextAndOneInsideATspan) {
+  EXPECT_THAT(Calls("<tspan>A</tspan>"), ElementsAre());
+  EXPECT_THAT(Calls("<text><tspan><tspan>A</tspan></tspan></text>"),
+              ElementsAre("AddText", "AddText", "AddText"));
+}
+
+TEST(DrawingWalk, CountsTheEndOfATextThatAClipPathHid) {
+  // The depth is -1 behind the clip path: texts are drawn, tspans are not, until it has risen to 1.
+  EXPECT_THAT(Calls("<clipPath><text/></clipPath><text><tspan/></text>"), ElementsAre("AddText"));
+  EXPECT_THAT(Calls("<clipPath><text/></clipPath><text><text><text/></text></text>"),
+              ElementsAre("AddText", "AddText"));
+}
+
+TEST(DrawingWalk, CountsNoEndOfATextInDefs) {
+  EXPECT_THAT(Calls("<g><defs><text/></defs></g><text><tspan/></text>"),
+              ElementsAre("BeginGroup", "AddInsert", "EndGroup", "AddText", "AddText"));
+}
+
+TEST(Groups, CarryTheDocumentsMatrix) {
+  const SvgDrawing drawing("<svg><g transform='scale(2)'><rect/></g><rect/></svg>");
+  EXPECT_EQ(drawing.Only<ZR_Insert>().matrix, (Matrix2D{2 * kUnit, 0, 0, 2 * kUnit, 0, 0}));
+  const auto paths = drawing.All<ZR_Path>();
+  EXPECT_EQ(paths[0]->matrix, kIdentity);
+  EXPECT_EQ(paths[1]->matrix, kDocument);
+}
+
+TEST(Groups, CarryTheWholeProductFromTheRoot) {
+  const SvgDrawing drawing(
+      "<svg><g transform='translate(10,0)'><g transform='scale(2)'><rect transform='translate(1,1)'/></g>"
+      "<rect transform='translate(2,2)'/></g></svg>");
+  const auto inserts = drawing.All<ZR_Insert>();
+  EXPECT_EQ(inserts[0]->matrix, (Matrix2D{kUnit, 0, 0, kUnit, 10 * kUnit, 0}));
+  EXPECT_EQ(inserts[1]->matrix, (Matrix2D{2 * kUnit, 0, 0, 2 * kUnit, 10 * kUnit, 0}));
+  EXPECT_EQ(drawing.All<ZR_Path>()[0]->matrix, (Matrix2D{1, 0, 0, 1, 1, 1}));
+  EXPECT_EQ(drawing.All<ZR_Path>()[1]->matrix, (Matrix2D{1, 0, 0, 1, 2, 2}));
+}
+
+TEST(Groups, CarryAllTheirAttributesAsPairs) {
+  const SvgDrawing drawing(
+      "<svg><g id='a' transform='scale(2)' style='x:y' fill='red' cutPower='30'/></svg>");
+  EXPECT_THAT(ParametersOf(drawing.Only<ZR_Insert>()),
+              ElementsAre(Pair("cutPower", "30"), Pair("fill", "red"), Pair("id", "a"), Pair("style", "x:y"),
+                          Pair("transform", "scale(2)"), Pair("x", "y")));
+}
+
+TEST(Groups, HaveNoPairsWithoutAttributes) {
+  EXPECT_TRUE(SvgDrawing("<svg><g/></svg>").Only<ZR_Insert>().attributes.empty());
+}
+
+TEST(Groups, AreShownWhateverTheirDisplay) {
+  const SvgDrawing drawing("<svg><g display='none'><rect stroke='red' width='1' height='1'/></g></svg>");
+  EXPECT_EQ(drawing.Only<ZR_Insert>().visible, 1);
+  EXPECT_EQ(drawing.Only<ZR_Path>().visible, 0);
+}
+
+TEST(Groups, StandsForItselfBehindItsEnd) {
+  const SvgDrawing drawing("<svg><g><g/></g><g/></svg>");
+  EXPECT_EQ(drawing.All<ZR_Insert>()[2]->matrix, kDocument);
+}
+
+TEST(Use, DrawsCopiesInPlaceWithoutAPlacement) {
+  const SvgDrawing drawing("<svg><circle id='a' r='5'/><use xlink:href='#a'/></svg>");
+  EXPECT_EQ(drawing.Count("AddCircle"), 2U);
+  EXPECT_EQ(drawing.Count("AddInsert"), 0U);
+  EXPECT_EQ(drawing.All<ZR_Circle>()[1]->matrix, kDocument);
+}
+
+TEST(Use, OpensAGroupForEachKindOfPlacement) {
+  for (const char* const placement : {"x='0'", "y='0'", "transform='scale(1)'"}) {
+    EXPECT_THAT(Calls("<circle id='a'/><use xlink:href='#a' " + std::string(placement) + "/>"),
+                ElementsAre("AddCircle", "BeginGroup", "AddInsert", "AddCircle", "EndGroup"))
+        << placement;
+  }
+}
+
+TEST(Use, MovesFirstAndTransformsThen) {
+  const SvgDrawing drawing(
+      "<svg><circle id='a'/><use xlink:href='#a' x='3' y='4' transform='scale(2)'/></svg>");
+  const ZR_Insert insert = drawing.Only<ZR_Insert>();
+  EXPECT_EQ(insert.matrix, (Matrix2D{2 * kUnit, 0, 0, 2 * kUnit, 6 * kUnit, 8 * kUnit}));
+  EXPECT_TRUE(insert.attributes.empty());
+  EXPECT_EQ(drawing.All<ZR_Circle>()[1]->matrix, kIdentity);
+}
+
+TEST(Use, StandsInsideAGroupWithTheGroupsMatrix) {
+  const SvgDrawing drawing(
+      "<svg><circle id='a'/><g transform='scale(2)'><use xlink:href='#a' x='3'/></g></svg>");
+  EXPECT_EQ(drawing.All<ZR_Insert>()[1]->matrix, (Matrix2D{2 * kUnit, 0, 0, 2 * kUnit, 6 * kUnit, 0}));
+}
+
+TEST(Use, DrawsGroupsWithAllThatTheyHold) {
+  EXPECT_THAT(Calls("<g id='a'><rect/><g><circle/></g></g><use xlink:href='#a'/>"),
+              ElementsAre("BeginGroup", "AddInsert", "AddPath", "BeginGroup", "AddInsert", "AddCircle",
+                          "EndGroup", "EndGroup", "BeginGroup", "AddInsert", "AddPath", "BeginGroup",
+                          "AddInsert", "AddCircle", "EndGroup", "EndGroup"));
+}
+
+TEST(Use, FollowsNoUseInsideAUse) {
+  EXPECT_THAT(Calls("<circle id='c'/><g id='a'><use xlink:href='#c'/><rect/></g><use xlink:href='#a'/>"),
+              ElementsAre("AddCircle", "BeginGroup", "AddInsert", "AddCircle", "AddPath", "EndGroup",
+                          "BeginGroup", "AddInsert", "AddPath", "EndGroup"));
+}
+
+TEST(Use, SurvivesAReferenceToItself) {
+  EXPECT_THAT(Calls("<use id='a' xlink:href='#a'/>"), ElementsAre());
+  EXPECT_THAT(Calls("<g id='a'><use xlink:href='#a'/><rect/></g>"),
+              ElementsAre("BeginGroup", "AddInsert", "BeginGroup", "AddInsert", "AddPath", "EndGroup",
+                          "AddPath", "EndGroup"));
+}
+
+TEST(Use, NeedsALinkIntoThisDocument) {
+  for (const char* const link :
+       {"xlink:href='other.svg#a'", "href='#a'", "xlink:href='a'", "", "xlink:href='#b'"}) {
+    EXPECT_THAT(Calls("<circle id='a'/><use x='1' " + std::string(link) + "/>"), ElementsAre("AddCircle"))
+        << link;
+  }
+}
+
+TEST(Use, TakesAllBehindTheHashForTheId) {
+  EXPECT_EQ(SvgDrawing("<svg><circle id='a-b c'/><use xlink:href='#a-b c'/></svg>").Count("AddCircle"), 2U);
+}
+
+TEST(Use, DrawsNothingOfTopLevelDefsAndSymbols) {
+  EXPECT_THAT(Calls("<defs><rect id='a'/></defs><symbol id='b'><rect/></symbol><use xlink:href='#a'/>"
+                    "<use xlink:href='#b'/>"),
+              ElementsAre());
+}
+
+TEST(Use, DrawsDefsThatAStyleElementMadeActive) {
+  EXPECT_THAT(Calls("<style/><defs><rect id='a'/></defs><use xlink:href='#a'/>"), ElementsAre("AddPath"));
+}
+
+TEST(Use, DrawsNestedDefsWhenTheyAreMeantAlone) {
+  EXPECT_THAT(Calls("<g><defs><rect id='a'/></defs></g><use xlink:href='#a'/>"),
+              ElementsAre("BeginGroup", "AddInsert", "EndGroup", "AddPath"));
+  EXPECT_THAT(Calls("<g><defs id='a'><rect/></defs></g><use xlink:href='#a'/>"),
+              ElementsAre("BeginGroup", "AddInsert", "EndGroup"));
+}
+
+TEST(Use, DrawsAllElementsOfAnId) {
+  EXPECT_THAT(Calls("<circle id='a'/><line stroke='red' id='a'/><use xlink:href='#a'/>"),
+              ElementsAre("AddCircle", "AddLine", "AddCircle", "AddLine"));
+}
+
+TEST(Use, ShowsPathsAgainThatAreHidden) {
+  const SvgDrawing drawing(
+      "<svg><path id='a' display='none' d='M0 0L1 1'/><circle id='b' display='none'/><use xlink:href='#a'/>"
+      "<use xlink:href='#b'/></svg>");
+  EXPECT_EQ(drawing.All<ZR_Path>()[0]->visible, 0);
+  EXPECT_EQ(drawing.All<ZR_Path>()[1]->visible, 1);
+  EXPECT_EQ(drawing.All<ZR_Circle>()[1]->visible, 0);
+}
+
+TEST(Use, IsNotDrawnWhereHidden) {
+  EXPECT_THAT(Calls("<rect id='a'/><clipPath><use xlink:href='#a' x='1'/></clipPath>"),
+              ElementsAre("AddPath"));
+}
+
+TEST(Use, InheritsItsLink) {
+  EXPECT_THAT(Calls("<circle id='a'/><g xlink:href='#a'><use/></g>"),
+              ElementsAre("AddCircle", "BeginGroup", "AddInsert", "AddCircle", "EndGroup"));
+}
+
+TEST(Use, DrawsTheRangesOfAnIdThatIsNestedInItself) {
+  // The child has the id of the group and ends the range.
+  // The rectangle's end then opens a range that runs to the end of the group.
+  EXPECT_THAT(Calls("<g id='a'><rect id='a'/></g><use xlink:href='#a'/>"),
+              ElementsAre("BeginGroup", "AddInsert", "AddPath", "EndGroup", "BeginGroup", "AddInsert",
+                          "AddPath", "EndGroup"));
+  EXPECT_THAT(Calls("<g id='a'><foo id='a'/><rect/></g><use xlink:href='#a'/>"),
+              ElementsAre("BeginGroup", "AddInsert", "AddPath", "EndGroup", "BeginGroup", "AddInsert",
+                          "AddPath", "EndGroup"));
+}
+
+TEST(Use, SetsThePageAgainForACopiedRoot) {
+  const SvgDrawing drawing(
+      "<svg id='a' width='1' height='1'><use xlink:href='#a'/><line stroke='red'/></svg>");
+  EXPECT_EQ(drawing.Count("SetPage"), 2U);
+  EXPECT_EQ(drawing.All<ZR_Line>().back()->matrix.a, kUnit * kUnit);
+}
+
+TEST(Use, StopsAtTheBoundOnReferences) {
+  // 3,000 references to a group of 3,000 circles would make nine million.
+  std::string text = "<svg><g id='a'>";
+  for (int i = 0; i < 3000; ++i) text += "<circle/>";
+  text += "</g>";
+  for (int i = 0; i < 3000; ++i) text += "<use xlink:href='#a'/>";
+  text += "</svg>";
+  const TemporarySvg file(text);
+  struct CountingSink : PARSE::DrawLoader {
+    bool AddCircle(Entity_ZR::ZR_Circle*, PARSE::Context) override {
+      ++circles;
+      return false;
+    }
+    std::size_t circles = 0;
+  } sink;
+  SVG_RW reader;
+  reader.sink = &sink;
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  const std::size_t bound =
+      support::limits::kSvgReferencedBase + support::limits::kSvgReferencedPerByte * text.size();
+  EXPECT_GT(sink.circles, 3000U);
+  EXPECT_LE(sink.circles - 3000, bound / 8);
+  EXPECT_GT(sink.circles - 3000, bound / 16);
+}
