@@ -48,6 +48,7 @@ const char* TakeExponent(const char* at, const char* end, std::ptrdiff_t& expone
 
 double ScanNumber(TextCursor& cursor) {
   const char* const start = cursor.next;
+  if (cursor.AtEnd() || !StartsNumber(*start)) return 0.0;
   const char* const end = cursor.end - start > kLongestNumber ? start + kLongestNumber : cursor.end;
   const char* at = start;
   const bool negative = at != end && *at == '-';

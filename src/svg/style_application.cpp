@@ -20,6 +20,9 @@ namespace {
 
 constexpr std::uint32_t kNoColor = 0xFFFFFFFF;
 
+/// Bytes of attributes that count as much as a record in the look-up of gradients.
+constexpr std::size_t kCopyBytesOfUnit = 64;
+
 /// The keys that are read here and travel no further.
 constexpr std::array kAppliedKeys = {Svg::kDisplay,       Svg::kStroke,         Svg::kStrokeOpacity,
                                      Svg::kFill,          Svg::kFillOpacity,    Svg::kStrokeDashArray,
@@ -131,7 +134,7 @@ bool SVG_RW::SpendOnGradients(std::size_t units) {
 void SVG_RW::AttachGradient(const SVG_Element& record, ZR_Entity& entity) {
   const bool isGradient = record.elementType == Svg::ElementType::LinearGradient;
   if (!isGradient && record.elementType != Svg::ElementType::Stop) return;
-  if (!SpendOnGradients(record.CopyBytes())) return;
+  if (!SpendOnGradients(1 + record.CopyBytes() / kCopyBytesOfUnit)) return;
   Entity_ZR::Attribute& attribute = entity.attributes.emplace_back();
   if (isGradient) {
     attribute.tag = Entity_ZR::kGradientAttribute;

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "recording/recording_sink.h"
+#include "support/limits.h"
 #include "svg/merged_attributes.h"
 #include "svg/svg_interface.h"
 #include "svg/svg_rw.h"
