@@ -195,9 +195,10 @@ constexpr std::size_t kSvgReferencedBase = std::size_t{1} << 22;
 constexpr std::size_t kSvgReferencedPerByte = 32;
 constexpr std::size_t kSvgReferencedMost = std::size_t{1} << 25;
 
-/// Records that the shapes of an SVG file look up for their gradients, and bytes of attributes that they copy
-/// from them: a few seconds' work. A million shapes with a gradient of ten stops stay within it.
-constexpr std::size_t kSvgGradientUnits = std::size_t{1} << 32;
+/// Records that the shapes of an SVG file look up for their gradients; each 64 bytes of attributes that they
+/// copy from them count as one more: a few seconds' work. A hundred thousand shapes with a gradient of ten
+/// stops stay within it. Beyond it entities travel without their gradients.
+constexpr std::size_t kSvgGradientUnits = std::size_t{1} << 22;
 
 /// Pixels that are decoded for one SVG file. A small file can hold, or refer to in turn, many pictures of
 /// great size.
