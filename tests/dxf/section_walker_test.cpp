@@ -43,7 +43,8 @@ TEST(FileWalk, ReadsNothingFromAnEmptyFile) {
 }
 
 TEST(FileWalk, ReadsABinaryFileAsTextWithoutASection) {
-  const WrittenDxf file(std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0SECTION\0\2\0ENTITIES\0", 45));
+  constexpr char kBytes[] = "AutoCAD Binary DXF\r\n\x1A\0\0\0SECTION\0\2\0ENTITIES\0";
+  const WrittenDxf file(std::string(kBytes, sizeof kBytes));
   DXF_Interface iface;
   EXPECT_TRUE(DXF_OpenFile(file.path).run(&iface));
   EXPECT_TRUE(iface.document->modelBlock->entities.empty());
