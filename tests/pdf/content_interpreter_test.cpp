@@ -168,6 +168,59 @@ TEST(ContentOperators, UnknownOnesHaveNoEffect) {
   EXPECT_EQ(run.Count(), 0U);
 }
 
+// The order of the tests, for lines that match several of them.
+
+TEST(ContentCascade, TextIsShownBeforeItsLineSetsAColour) {
+  const Interpret run = Interpret().Run("1 0 0 rg\n(TJ) 1 0 rg\n(b) Tj\n");
+  ASSERT_EQ(run.Count(), 2U);
+  EXPECT_EQ(run.Text(0).text, "TJ");
+  EXPECT_EQ(run.Text(0).fill, (PdfColor{255, 0, 0}));
+  EXPECT_EQ(run.Text(1).fill, (PdfColor{0, 255, 0}));
+}
+
+TEST(ContentCascade, TextIsShownBeforeItsLineSaves) {
+  const Interpret run = Interpret().Run("1 0 0 1 5 6 Tm\nq (a) Tj\n(b) Tj\n");
+  EXPECT_EQ(run.Text(0).position, (pdf::PdfPoint{5, 6}));
+  EXPECT_EQ(run.Text(1).position, (pdf::PdfPoint{0, 0}));
+}
+
+TEST(ContentCascade, TheMatrixOfTheTextIsSetBeforeItsLineShows) {
+  // The line ends with "Tm" and holds "Tj"; its operands are "(Tj)", 0, 0, 1, 5, 6.
+  const Interpret run = Interpret().Run("(Tj) 0 0 1 5 6 Tm\n");
+  ASSERT_EQ(run.Count(), 1U);
+  EXPECT_EQ(run.Text().position, (pdf::PdfPoint{5, 6}));
+}
+
+TEST(ContentCascade, ALineRestoresBeforeItSetsTheWidth) {
+  const Interpret run = Interpret().Run(std::string("2 w\nq\n7 w\nQ 5 w\n") + kLine);
+  // Restored to 2, then set to the first operand, which is "Q".
+  EXPECT_EQ(run.Path().paint.lineWidth, 0.0);
+}
+
+TEST(ContentCascade, ALineThatStartsWithAStrokeSetsItsColourFirst) {
+  const Interpret run = Interpret().Run("0 0 1 1 re\nS 1 0 RG\n");
+  ASSERT_EQ(run.Count(), 1U);
+  EXPECT_EQ(run.Path().paint.stroke, (PdfColor{0, 255, 0}));
+}
+
+TEST(ContentCascade, ARectangleThatStartsWithAStrokeIsPaintedAtOnce) {
+  const Interpret run = Interpret().Run("S 1 2 3 re\n");
+  ASSERT_EQ(run.Count(), 1U);
+  EXPECT_EQ(run.Path().path.front(), Move(0, 1));
+}
+
+TEST(ContentCascade, AClipThatEndsABlockIsTakenByTheNextTest) {
+  // The clip is the block's path, and the line behind it is still read.
+  const Interpret run = Interpret().Run("0 0 m\n1 1 l\nW\n1 0 0 RG\nS\n/Sh0 sh\n");
+  EXPECT_EQ(run.Path(0).paint.stroke, (PdfColor{255, 0, 0}));
+  EXPECT_THAT(run.Path(1).path, ElementsAre(Move(0, 0), Line(1, 1)));
+}
+
+TEST(ContentCascade, AnEndOfPathGoesOnWithTheNextLine) {
+  // Outside a block "S n" is an end of path before it is a stroke.
+  EXPECT_EQ(Interpret().Run("0 0 1 1 re\nS n\n").Count(), 0U);
+}
+
 // Text.
 
 TEST(ContentText, ThreeStringsInARowStandAtOnePosition) {
