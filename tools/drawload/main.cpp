@@ -59,7 +59,9 @@ int main(int argc, char** argv) {
   convertCommand->add_option("-o,--output", convert.output, "File to write: .svg, .png, .html or .json")
       ->required();
   convertCommand->add_flag("-f,--force", convert.replace, "Replace the output if it exists");
-  convertCommand->add_option("--dpi", convert.pictureSize.dpi, "Pixels an inch of a PNG (96)")
+  convertCommand
+      ->add_option("--dpi", convert.pictureSize.dpi,
+                   "Pixels an inch of a PNG (96, or less for a large drawing)")
       ->check(CLI::Range(1e-3, 1e5));
   convertCommand
       ->add_option("--width", convert.pictureSize.width, "Width of a PNG in pixels, instead of --dpi")

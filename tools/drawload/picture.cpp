@@ -80,8 +80,11 @@ cairo_status_t AppendBytes(void* closure, const unsigned char* bytes, unsigned l
 }
 
 double PixelsPerMillimetre(const Box& box, PictureSize size) {
-  if (size.width <= 0) return size.dpi / 25.4;
-  return std::max(1.0, size.width - 2 * kMargin) / std::max(box.Width(), 1e-6);
+  constexpr double kUsualDpi = 96.0;
+  constexpr double kUsualPixels = 8000.0;
+  if (size.width > 0) return std::max(1.0, size.width - 2 * kMargin) / std::max(box.Width(), 1e-6);
+  if (size.dpi > 0.0) return size.dpi / 25.4;
+  return std::min(kUsualDpi / 25.4, kUsualPixels / std::max({box.Width(), box.Height(), 1e-6}));
 }
 
 }  // namespace

@@ -77,6 +77,12 @@ std::string Line(const char* format, Values... values) {
   return line + "\n";
 }
 
+/// `value` rounded to micrometres, so that a hair below zero prints as zero.
+double Micrometres(double value) {
+  const double rounded = std::round(value * 1000.0) / 1000.0;
+  return rounded == 0.0 ? 0.0 : rounded;
+}
+
 std::string BitmapLine(const BitmapFacts& bitmap) {
   return Line("  bitmap     %u x %u pixels, %.3f x %.3f mm, %.0f x %.0f dpi", bitmap.width, bitmap.height,
               bitmap.placedWidth, bitmap.placedHeight, bitmap.dpiX, bitmap.dpiY);
@@ -118,8 +124,9 @@ std::string SummaryText(const Summary& summary) {
                summary.bitmaps.size());
   text += Line("  segments   %zu lines, %zu cubic curves", summary.lines, summary.cubics);
   if (!summary.bounds.IsEmpty()) {
-    text += Line("  bounds     (%.3f, %.3f) to (%.3f, %.3f) mm, size %.3f x %.3f mm", summary.bounds.minX,
-                 summary.bounds.minY, summary.bounds.maxX, summary.bounds.maxY, summary.bounds.Width(),
+    text += Line("  bounds     (%.3f, %.3f) to (%.3f, %.3f) mm, size %.3f x %.3f mm",
+                 Micrometres(summary.bounds.minX), Micrometres(summary.bounds.minY),
+                 Micrometres(summary.bounds.maxX), Micrometres(summary.bounds.maxY), summary.bounds.Width(),
                  summary.bounds.Height());
   }
   text += Line("  cut        %.3f mm, travel %.3f mm", summary.cutLength, summary.travelLength);
