@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""Writes the DXF example drawings beside this script: bracket.dxf, panel.dxf, gasket.dxf."""
+"""Writes the DXF example drawings beside this script: bracket.dxf, panel.dxf, gasket.dxf, photo.dxf (with photo.png)."""
 
 import math
 import pathlib
+import struct
+import zlib
 
 
 class Drawing:
@@ -11,10 +13,12 @@ class Drawing:
     def __init__(self, layers):
         self.blocks = []
         self.entities = []
+        self.objects = []
+        self.comments = ["Example drawing of drawload"]
         self.layers = layers
 
     def text(self):
-        pairs = [(999, "Example drawing of drawload")]
+        pairs = [(999, comment) for comment in self.comments]
         pairs += section("HEADER", [(9, "$ACADVER"), (1, "AC1015"), (9, "$INSUNITS"), (70, 4)])
         table = [(0, "TABLE"), (2, "LAYER"), (70, len(self.layers))]
         for name, color in self.layers.items():
@@ -22,6 +26,8 @@ class Drawing:
         pairs += section("TABLES", table + [(0, "ENDTAB")])
         pairs += section("BLOCKS", self.blocks)
         pairs += section("ENTITIES", self.entities)
+        if self.objects:
+            pairs += section("OBJECTS", self.objects)
         pairs += [(0, "EOF")]
         return "".join(f"{code:3d}\n{value}\n" for code, value in pairs)
 
@@ -135,7 +141,47 @@ def gasket():
     return drawing
 
 
+def photo():
+    """A tag of 60 x 40 mm with a picture of 48 x 32 mm to engrave."""
+    drawing = Drawing({"CUT": 1, "PICTURE": 8})
+    # An IMAGE names its file as it stands, relative to the folder from which the program is run.
+    drawing.comments.append("Read it from the folder above examples/: drawload info examples/photo.dxf")
+    drawing.entities += polyline("CUT", [(0, 0, 0), (60, 0, 0), (60, 40, 0), (0, 40, 0)])
+    drawing.entities += circle("CUT", 4, 36, 1.5)
+    drawing.entities += entity(
+        "IMAGE", "PICTURE", (10, 6.0), (20, 4.0), (11, 0.5), (21, 0.0), (12, 0.0), (22, 0.5), (13, 48), (23, 32), (340, "F0")
+    )
+    drawing.objects = [(0, "IMAGEDEF"), (5, "F0"), (1, "examples/photo.png"), (10, 96), (20, 64), (280, 1)]
+    return drawing
+
+
+def write_photo(path):
+    """A picture of 96 x 64 grey pixels: hills under a low sun.
+
+    The first row of a picture lies at the lower edge of a DXF IMAGE, so the picture is stored on its head.
+    """
+    width, height = 96, 64
+    rows = bytearray()
+    for y in reversed(range(height)):
+        rows.append(0)  # no filter
+        for x in range(width):
+            sky = 255 - y
+            sun = math.hypot(x - 70, y - 22) < 9
+            far = y > 40 - 8 * math.sin(x / 11)
+            near = y > 52 - 6 * math.cos(x / 17)
+            rows.append(60 if near else 120 if far else 250 if sun else int(sky * 0.8))
+
+    def chunk(name, data):
+        return struct.pack(">I", len(data)) + name + data + struct.pack(">I", zlib.crc32(name + data))
+
+    head = struct.pack(">IIBBBBB", width, height, 8, 0, 0, 0, 0)
+    path.write_bytes(
+        b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) + chunk(b"IDAT", zlib.compress(bytes(rows), 9)) + chunk(b"IEND", b"")
+    )
+
+
 if __name__ == "__main__":
     here = pathlib.Path(__file__).resolve().parent
-    for make in (bracket, panel, gasket):
+    write_photo(here / "photo.png")
+    for make in (bracket, panel, gasket, photo):
         (here / f"{make.__name__}.dxf").write_text(make().text(), encoding="ascii")

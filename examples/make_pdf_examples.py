@@ -117,17 +117,17 @@ def plate():
 
 
 def sheet():
-    """Two pages with text and an image: a name plate, and the same plate with a grey picture."""
+    """Two pages with text and an image: a plate with a grey picture, and one without."""
     document = Document()
     font = document.add("<< /Type /Font /Subtype /Type1 /BaseFont /Helvetica /Encoding /WinAnsiEncoding >>")
     pixels = bytes(min(255, (x * 8 + y * 8) % 256) for y in range(32) for x in range(32))
     image = document.add_stream(pixels, "/Type /XObject /Subtype /Image /Width 32 /Height 32 "
                                 "/ColorSpace /DeviceGray /BitsPerComponent 8")
     resources = f"<< /Font << /F1 {font} 0 R >> /XObject << /Im1 {image} 0 R >> >>"
-    first = (b"10 10 180 80 re\nS\nBT\n/F1 18 Tf\n1 0 0 1 25 55 Tm\n(drawload) Tj\n0 -24 Td\n"
-             b"[(Page) -250 ( one)] TJ\nET\n")
-    second = (b"10 10 180 80 re\nS\nq\n60 0 0 60 20 20 cm\n/Im1 Do\nQ\nBT\n/F1 18 Tf\n1 0 0 1 90 45 Tm\n"
-              b"(Page two) Tj\nET\n")
+    # Pictures belong on the first page: those of later pages are not moved down with their page.
+    first = (b"10 10 180 80 re\nS\nq\n60 0 0 60 20 20 cm\n/Im1 Do\nQ\nBT\n/F1 18 Tf\n1 0 0 1 95 55 Tm\n"
+             b"(drawload) Tj\n0 -24 Td\n[(Page) -250 ( one)] TJ\nET\n")
+    second = b"10 10 180 80 re\nS\nBT\n/F1 18 Tf\n1 0 0 1 60 45 Tm\n(Page two) Tj\nET\n"
     pages = []
     for content in (first, second):
         stream = document.add_stream(content)
