@@ -10,6 +10,10 @@
 
 namespace {
 
+/// Segments that lie closer together are joined; millimetres. Arcs often end a rounding error beside the next
+/// segment's start.
+constexpr double kGap = 1e-7;
+
 std::string Number(double value) {
   char buffer[32];
   const auto end = std::to_chars(buffer, buffer + sizeof buffer, value == 0.0 ? 0.0 : value).ptr;
@@ -111,7 +115,7 @@ void SvgPage::Add(const Curve& curve) {
   out += " d=\"";
   const Segment* previous = nullptr;
   for (const Segment& segment : curve.segments) {
-    if (previous == nullptr || previous->end != segment.start) {
+    if (previous == nullptr || Distance(previous->end, segment.start) > kGap) {
       if (previous != nullptr) ++gaps;
       out += "M" + At(segment.start);
     }
