@@ -4,6 +4,8 @@
 #include "contract/table_length.h"
 #include "contract/vtable_slot.h"
 #include "pdf/cx_file.h"
+#include "pdf/pdf_rw.h"
+#include "sink/reader_interface.h"
 
 TEST(VtableOfCxFile, HoldsADestructorAndThirteenOperationsInOrder) {
   using pdf::CxFile;
@@ -17,4 +19,10 @@ TEST(VtableOfCxFile, HoldsADestructorAndThirteenOperationsInOrder) {
   ExpectInOrderBehindTheDestructor(slots);
   EXPECT_EQ(TableLength<CxFile>(), kBehindDestructor + 13);
   EXPECT_EQ(TableLength<pdf::CxIOFile>(), kBehindDestructor + 13);
+}
+
+TEST(VtableOfPdfRw, AddsResetReaderBehindTheSharedTable) {
+  const std::size_t shared = TableLength<PARSE::DrawLoader>();
+  EXPECT_EQ(VtableSlot(&PDF_RW::ResetReader), shared);
+  EXPECT_EQ(TableLength<PDF_RW>(), shared + 1);
 }
