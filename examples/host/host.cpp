@@ -3,16 +3,15 @@
 //   cmake -S . -B build && cmake --build build        or
 //   c++ -std=c++17 host.cpp $(pkg-config --cflags --libs drawload) -o host
 //   ./host drawing.dxf
+#include <cstdio>
 #include <drawload/exports.h>
 
-#include <cstdio>
-
 static void PrintCurve(const CFileCurve& curve) {
-  std::printf("curve #%06x, %d segments, cutSpeed %g, cutPower %g\n", curve.color, curve.segmentCount, curve.cutSpeed,
-              curve.cutPower);
+  std::printf("curve #%06x, %d segments, cutSpeed %g, cutPower %g\n", curve.color, curve.segmentCount,
+              curve.cutSpeed, curve.cutPower);
   for (const FileSegment* s = curve.segmentHead->next; s != curve.segmentHead; s = s->next) {
-    std::printf("  %s (%g, %g) to (%g, %g)\n", s->type == kSegmentLine ? "line" : "cubic", s->start.x, s->start.y,
-                s->end.x, s->end.y);
+    std::printf("  %s (%g, %g) to (%g, %g)\n", s->type == kSegmentLine ? "line" : "cubic", s->start.x,
+                s->start.y, s->end.x, s->end.y);
   }
 }
 

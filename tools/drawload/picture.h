@@ -5,8 +5,9 @@
 
 #include "job.h"
 
-/// How large a picture becomes: a width in pixels, or a density in pixels an inch, whichever is above 0. Where
-/// neither is, 96 pixels an inch, and less for a drawing that would have more than 8,000 pixels on a side.
+/// How large a picture becomes: a width in pixels, or a density in pixels an inch, whichever is above 0.
+/// Where neither is, 96 pixels an inch, and less for a drawing that would have more than 8,000 pixels on a
+/// side.
 struct PictureSize {
   double dpi = 0.0;
   int width = 0;
