@@ -326,6 +326,10 @@ TEST(SplineFlatten, StaysNearTheWholeCurve) {
     const Curve curve(spline);
     if (Extent(spline) < 20.0) continue;
     const std::vector<SplinePoint> points = Flatten(spline);
+    if (points.size() < 2) {  // repeated knots can leave nothing of a curve but a point
+      EXPECT_NEAR(curve.Start(), curve.End(), 1e-9) << round;
+      continue;
+    }
     std::size_t chord = 1;
     for (int i = 0; i <= 1000; ++i) {
       const double u = std::min(curve.End(), curve.Start() + (curve.End() - curve.Start()) * i / 1000);

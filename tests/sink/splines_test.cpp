@@ -134,22 +134,22 @@ TEST(AddSpline, AppliesTheMatrixOfTheSpline) {
 TEST(AddSpline, TakesNeitherParametersNorColourAlong) {
   CMyDrawLoad sink;
   ZR_Spline spline = Cubic();
-  spline.attributes = Parameters({{"cutPower", "30"}});
+  spline.attributes = Parameters({{"cutPower", "45"}});
   spline.color = 0xFF0000FF;
   EXPECT_TRUE(Add(sink, spline));
   ASSERT_EQ(Curves(sink).size(), 1u);
-  EXPECT_EQ(Curves(sink)[0]->cutPower, CFileCurve().cutPower);
+  EXPECT_EQ(Curves(sink)[0]->cutPower, 30.0);  // the default
   EXPECT_EQ(Curves(sink)[0]->color, 0u);
 }
 
 TEST(AddSpline, TakesTheProcessingBlockOfTheGroup) {
   CMyDrawLoad sink;
-  OpenFrame(sink, {}, {{"cutPower", "30"}});
+  OpenFrame(sink, {}, {{"cutPower", "45"}});
   EXPECT_TRUE(Add(sink, Cubic()));
   EXPECT_FALSE(sink.HasResults());
   sink.EndGroup(0);
   ASSERT_EQ(Curves(sink).size(), 1u);
-  EXPECT_EQ(Curves(sink)[0]->cutPower, 30.0);
+  EXPECT_EQ(Curves(sink)[0]->cutPower, 45.0);
 }
 
 TEST(AddSpline, DrawsOneCurveOfLinesForASplineWithWeights) {
