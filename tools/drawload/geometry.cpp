@@ -6,16 +6,6 @@
 
 namespace {
 
-Point CubicAt(const Segment& s, double t) {
-  const double u = 1.0 - t;
-  const double w0 = u * u * u;
-  const double w1 = 3.0 * u * u * t;
-  const double w2 = 3.0 * u * t * t;
-  const double w3 = t * t * t;
-  return {w0 * s.start.x + w1 * s.control1.x + w2 * s.control2.x + w3 * s.end.x,
-          w0 * s.start.y + w1 * s.control1.y + w2 * s.control2.y + w3 * s.end.y};
-}
-
 double SpeedAt(const Segment& s, double t) {
   const double u = 1.0 - t;
   const double w0 = 3.0 * u * u;
@@ -49,36 +39,13 @@ double AdaptiveLength(const Segment& s, double from, double to, double whole, in
   return AdaptiveLength(s, from, middle, first, depth - 1) + AdaptiveLength(s, middle, to, second, depth - 1);
 }
 
-/// Parameters inside (0, 1) at which one coordinate of a cubic turns: roots of its derivative.
-std::array<double, 2> TurningPoints(double p0, double p1, double p2, double p3) {
-  const double a = p3 - 3.0 * p2 + 3.0 * p1 - p0;
-  const double b = 2.0 * (p2 - 2.0 * p1 + p0);
-  const double c = p1 - p0;
-  const double discriminant = b * b - 4.0 * a * c;
-  if (!(discriminant >= 0.0)) return {0.0, 0.0};
-  const double q = -0.5 * (b + std::copysign(std::sqrt(discriminant), b));
-  return {q / a, c / q};
-}
-
-void Include(Box& box, const Segment& s) {
-  box.Include(s.start);
-  box.Include(s.end);
-  if (!s.cubic) return;
-  for (const auto& roots : {TurningPoints(s.start.x, s.control1.x, s.control2.x, s.end.x),
-                            TurningPoints(s.start.y, s.control1.y, s.control2.y, s.end.y)}) {
-    for (const double t : roots) {
-      if (t > 0.0 && t < 1.0) box.Include(CubicAt(s, t));
-    }
-  }
-}
-
 }  // namespace
 
-void Box::Include(Point p) {
-  minX = std::min(minX, p.x);
-  minY = std::min(minY, p.y);
-  maxX = std::max(maxX, p.x);
-  maxY = std::max(maxY, p.y);
+void Box::Include(const Box& other) {
+  minX = std::min(minX, other.minX);
+  minY = std::min(minY, other.minY);
+  maxX = std::max(maxX, other.maxX);
+  maxY = std::max(maxY, other.maxY);
 }
 
 double Distance(Point a, Point b) { return std::hypot(b.x - a.x, b.y - a.y); }
@@ -95,22 +62,10 @@ double LengthOf(const Curve& curve) {
   return length;
 }
 
-void Include(Box& box, const Curve& curve) {
-  for (const Segment& segment : curve.segments) Include(box, segment);
-}
-
-void Include(Box& box, const Bitmap& bitmap) {
-  const double width = bitmap.width;
-  const double height = bitmap.height;
-  for (const Point corner : {Point{0, 0}, Point{width, 0}, Point{0, height}, Point{width, height}}) {
-    box.Include(bitmap.Place(corner.x, corner.y));
-  }
-}
-
 Box BoundsOf(const Job& job) {
   Box box;
   for (const Result& result : job.results) {
-    std::visit([&box](const auto& value) { Include(box, value); }, result);
+    std::visit([&box](const auto& value) { box.Include(value.bounds); }, result);
   }
   return box;
 }

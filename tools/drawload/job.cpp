@@ -71,15 +71,18 @@ bool IsFinite(const Segment& segment) {
 
 Point PointOf(FilePosition position) { return {position.x, position.y}; }
 
+Box BoxOf(const structRect& rect) { return {rect.minX, rect.minY, rect.maxX, rect.maxY}; }
+
 /// The result's colour as 0xRRGGBB; the library keeps red in the lowest byte.
 std::uint32_t ColorOf(const CFileDraw& draw) {
   return (draw.color & 0xFF) << 16 | (draw.color & 0xFF00) | (draw.color >> 16 & 0xFF);
 }
 
-std::optional<Result> CopyOf(const CFileCurve& from) {
+std::optional<Result> CopyOf(CFileCurve& from) {
   Curve curve;
   curve.color = ColorOf(from);
   curve.settings = SettingsOf(from);
+  if (from.segmentCount > 0) curve.bounds = BoxOf(from.CalRect());
   curve.segments.reserve(static_cast<std::size_t>(from.segmentCount));
   for (const FileSegment* node = from.segmentHead->next; node != from.segmentHead; node = node->next) {
     const Segment segment{node->type == kSegmentCubic, PointOf(node->start), PointOf(node->end),
@@ -96,10 +99,11 @@ std::uint32_t HeaderWord(const std::uint8_t* block, std::size_t offset) {
   return word;
 }
 
-std::optional<Result> CopyOf(const CFileDib& from) {
+std::optional<Result> CopyOf(CFileDib& from) {
   constexpr std::size_t kPixelsAt = 1064;
   Bitmap bitmap;
   bitmap.settings = SettingsOf(from);
+  bitmap.bounds = BoxOf(from.CalRect());
   bitmap.a = from.a;
   bitmap.b = from.b;
   bitmap.c = from.c;
@@ -122,9 +126,9 @@ std::optional<Result> CopyOf(const CFileDib& from) {
   return bitmap;
 }
 
-std::optional<Result> CopyOf(const CFileDraw& draw) {
-  if (draw.kind == kFileCurve) return CopyOf(static_cast<const CFileCurve&>(draw));
-  if (draw.kind == kFileDib) return CopyOf(static_cast<const CFileDib&>(draw));
+std::optional<Result> CopyOf(CFileDraw& draw) {
+  if (draw.kind == kFileCurve) return CopyOf(static_cast<CFileCurve&>(draw));
+  if (draw.kind == kFileDib) return CopyOf(static_cast<CFileDib&>(draw));
   return std::nullopt;
 }
 

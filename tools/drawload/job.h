@@ -2,6 +2,7 @@
 #define DRAWLOAD_TOOLS_JOB_H
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <variant>
 #include <vector>
@@ -12,6 +13,19 @@ struct Point {
   double y = 0.0;
 
   bool operator==(const Point&) const = default;
+};
+
+/// An axis-parallel box in millimetres; empty until something is included.
+struct Box {
+  double minX = std::numeric_limits<double>::infinity();
+  double minY = std::numeric_limits<double>::infinity();
+  double maxX = -std::numeric_limits<double>::infinity();
+  double maxY = -std::numeric_limits<double>::infinity();
+
+  void Include(const Box& other);
+  double Width() const { return maxX - minX; }
+  double Height() const { return maxY - minY; }
+  bool IsEmpty() const { return minX > maxX; }
 };
 
 /// What the machine is told about one result: the fields of its processing block that a file can set.
@@ -47,12 +61,14 @@ struct Segment {
 struct Curve {
   std::uint32_t color = 0;
   Settings settings;
+  Box bounds;  ///< of the curve itself, not of its control points
   std::vector<Segment> segments;
 };
 
 /// A grey bitmap, rows packed without gap, with its placement x' = a·x + c·y + e, y' = b·x + d·y + f.
 struct Bitmap {
   Settings settings;
+  Box bounds;
   std::uint32_t width = 0;
   std::uint32_t height = 0;
   double a = 1.0;
