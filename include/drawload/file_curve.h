@@ -4,10 +4,12 @@
 #include "file_draw.h"
 #include "file_segment.h"
 
+class ResultStore;
+
 /// A chain of segments. Copies are shallow and share the segments, which the walk frees at its end.
 class DRAWLOAD_API CFileCurve : public CFileDraw {
  public:
-  /// Allocates the sentinel of an empty segment list; `result/ownership.h` frees it.
+  /// Allocates the sentinel of an empty segment list; the caller frees it.
   CFileCurve();
   CFileCurve(const CFileCurve& other);
   CFileCurve& operator=(const CFileCurve& other);
@@ -27,6 +29,11 @@ class DRAWLOAD_API CFileCurve : public CFileDraw {
   FileSegment* segmentCursor;  ///< the first append sets it to the first segment
   std::int32_t segmentCount;   ///< without the sentinel
   std::uint32_t trailingWord;
+
+ private:
+  friend class ResultStore;
+  /// An empty curve around a sentinel that somebody else owns.
+  explicit CFileCurve(FileSegment* sentinel);
 };
 
 #endif

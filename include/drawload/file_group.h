@@ -11,6 +11,8 @@ struct FileMember {
   FileMember* next;
 };
 
+class ResultStore;
+
 /// A list of result objects that are transformed together. The walk never hands one out. Copies are
 /// shallow and share the members, so only one of the copies may be destroyed.
 class DRAWLOAD_API CFileGroup : public CFileDraw {
@@ -34,6 +36,11 @@ class DRAWLOAD_API CFileGroup : public CFileDraw {
   std::int32_t memberCount;
   platform::StringClass name;
   alignas(8) std::uint64_t trailingValue;
+
+ private:
+  friend class ResultStore;
+  /// An empty group around a sentinel that somebody else owns.
+  explicit CFileGroup(FileMember* sentinel);
 };
 
 #endif

@@ -1,7 +1,9 @@
 #include "drawload/file_curve.h"
 
-CFileCurve::CFileCurve()
-    : segmentHead(new FileSegment{}), segmentCursor(segmentHead), segmentCount(0), trailingWord(0) {
+CFileCurve::CFileCurve() : CFileCurve(new FileSegment{}) {}
+
+CFileCurve::CFileCurve(FileSegment* sentinel)
+    : segmentHead(sentinel), segmentCursor(sentinel), segmentCount(0), trailingWord(0) {
   segmentHead->previous = segmentHead;
   segmentHead->next = segmentHead;
 }

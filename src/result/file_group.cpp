@@ -5,8 +5,25 @@
 #include "result/member_list.h"
 #include "result/ownership.h"
 
-CFileGroup::CFileGroup()
-    : memberHead(NewMemberList()), memberCursor(memberHead), memberCount(0), trailingValue(0) {
+namespace {
+
+/// Unlinks and frees `node`; hands back the object that it held.
+CFileDraw* RemoveMember(FileMember* node) {
+  CFileDraw* object = node->object;
+  node->previous->next = node->next;
+  node->next->previous = node->previous;
+  delete node;
+  return object;
+}
+
+}  // namespace
+
+CFileGroup::CFileGroup() : CFileGroup(new FileMember{}) {}
+
+CFileGroup::CFileGroup(FileMember* sentinel)
+    : memberHead(sentinel), memberCursor(sentinel), memberCount(0), trailingValue(0) {
+  memberHead->previous = memberHead;
+  memberHead->next = memberHead;
   kind = kFileGroup;
 }
 

@@ -1,5 +1,8 @@
 #include "result/ownership.h"
 
+#include "drawload/file_curve.h"
+#include "drawload/file_dib.h"
+#include "drawload/file_group.h"
 #include "drawload/file_point.h"
 #include "platform/global_memory.h"
 

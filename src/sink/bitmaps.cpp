@@ -31,12 +31,12 @@ constexpr Matrix2D kZeroMatrix = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
 
 }  // namespace
 
-OwnedDib CMyDrawLoad::NewDib(const Entity_ZR::ZR_Entity& entity) const {
-  OwnedDib dib(new CFileDib);
+CFileDib* CMyDrawLoad::NewDib(const Entity_ZR::ZR_Entity& entity) {
+  CFileDib* dib = store.NewDib();
   if (!entity.attributes.empty()) {
     ApplyImageParameters(entity.attributes, *dib);
   } else if (groupDepth != 0) {
-    CopyProcessingBlock(*frames.back()->group, *dib);
+    CopyProcessingBlock(*frames.back().group, *dib);
   }
   return dib;
 }
@@ -56,17 +56,17 @@ bool CMyDrawLoad::PackPixels(const ZR_Image& image, CFileDib& dib) {
 Matrix2D CMyDrawLoad::PlacementOf(const ZR_Image& image) const {
   Matrix2D placement = PixelMatrix(image);
   if (image.matrix != kZeroMatrix) Concat(placement, image.matrix);
-  if (groupDepth != 0) Concat(placement, frames.back()->matrix);
+  if (groupDepth != 0) Concat(placement, frames.back().matrix);
   if (fileType == PARSE::kSvgFile) Concat(placement, pageMatrix);
   return placement;
 }
 
 bool CMyDrawLoad::AddImage(ZR_Image* entity, PARSE::Context) {
   if (!entity->IsShown() || entity->pixels == nullptr) return false;
-  OwnedDib dib = NewDib(*entity);
+  CFileDib* dib = NewDib(*entity);
   if (!PackPixels(*entity, *dib)) return false;
   const Matrix2D m = PlacementOf(*entity);
-  _dib_SetDibInfo(dib.get(), m.a, m.c, m.b, m.d, m.e, m.f);
-  AddResult(std::move(dib));
+  _dib_SetDibInfo(dib, m.a, m.c, m.b, m.d, m.e, m.f);
+  AddResult(dib);
   return true;
 }

@@ -18,7 +18,7 @@ bool PlacesPoints(const Matrix2D& m) {
 }  // namespace
 
 CoordinateChain CMyDrawLoad::ChainOf(const Entity_ZR::ZR_Entity& entity) const {
-  const Matrix2D* frame = groupDepth == 0 ? nullptr : &frames.back()->matrix;
+  const Matrix2D* frame = groupDepth == 0 ? nullptr : &frames.back().matrix;
   if (frame != nullptr && !PlacesPoints(*frame)) frame = nullptr;
   return {entity.matrix, frame, pageMatrix};
 }
@@ -26,16 +26,16 @@ CoordinateChain CMyDrawLoad::ChainOf(const Entity_ZR::ZR_Entity& entity) const {
 bool CMyDrawLoad::AddInsert(Entity_ZR::ZR_Insert* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
   // Kept: a frame neither composes with the one around it nor inherits its processing block.
-  auto frame = std::make_unique<GroupFrame>(GroupFrame{entity->matrix, OwnedGroup(new CFileGroup)});
-  ApplyGroupParameters(entity->attributes, *frame->group);
-  frames.push_back(std::move(frame));
+  CFileGroup* group = store.NewGroup();
+  ApplyGroupParameters(entity->attributes, *group);
+  frames.push_back({entity->matrix, group});
   ++groupDepth;
   return true;
 }
 
 void CMyDrawLoad::EndGroup(PARSE::Context) {
   if (groupDepth == 0) return;
-  MoveToResults(*frames.back()->group);
+  MoveToResults(frames.back().group);
   frames.pop_back();
   --groupDepth;
 }

@@ -3,16 +3,9 @@
 #include "fonts/parse_fonts.h"
 #include "result/member_list.h"
 
-CMyDrawLoad::CMyDrawLoad() : results(NewMemberList()), resultCursor(results) {}
+CMyDrawLoad::CMyDrawLoad() : results(store.NewList()), resultCursor(results) {}
 
-CMyDrawLoad::~CMyDrawLoad() {
-  while (HasResults()) {
-    CFileDraw* object = RemoveMember(results->next);
-    // No parse makes points: one that stands here belongs to whoever put it there.
-    if (object->kind != kFilePoint) DestroyObject(object);
-  }
-  delete results;
-}
+CMyDrawLoad::~CMyDrawLoad() = default;
 
 void CMyDrawLoad::BeginFile(PARSE::Context) {
   groupDepth = 0;
@@ -34,18 +27,17 @@ CFileDraw* CMyDrawLoad::NextResult() {
   return resultCursor == results ? nullptr : resultCursor->object;
 }
 
-void CMyDrawLoad::AddResult(OwnedObject object) {
+void CMyDrawLoad::AddResult(CFileDraw* object) {
   if (groupDepth != 0) {
-    AppendMember(*frames.back()->group, std::move(object));
+    store.Append(*frames.back().group, object);
     return;
   }
-  AppendMember(results, object.get());
-  object.release();
+  store.Append(results, object);
   ++resultCount;
 }
 
-void CMyDrawLoad::MoveToResults(CFileGroup& group) {
-  resultCount += static_cast<std::uint32_t>(group.memberCount);
-  SpliceMembers(group.memberHead, results);
-  group.memberCount = 0;
+void CMyDrawLoad::MoveToResults(CFileGroup* group) {
+  resultCount += static_cast<std::uint32_t>(group->memberCount);
+  SpliceMembers(group->memberHead, results);
+  store.Recycle(group);
 }

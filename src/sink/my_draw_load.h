@@ -6,7 +6,7 @@
 
 #include "entity/entity.h"
 #include "entity/matrix2d.h"
-#include "result/ownership.h"
+#include "result/result_store.h"
 #include "sink/coordinate_chain.h"
 #include "sink/reader_interface.h"
 #include "support/limits.h"
@@ -22,7 +22,7 @@ struct ParseFonts;
 /// processing block.
 struct GroupFrame {
   Matrix2D matrix;
-  OwnedGroup group;
+  CFileGroup* group;
 };
 
 /// The sink: turns neutral entities into the flat list of results that the walk hands out. One object
@@ -72,12 +72,13 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   Matrix2D pageMatrix;
   PARSE::MachineInfo machineInfo;
   std::int32_t spareWord = 1;
-  std::int32_t textMode = 0;  ///< 1 while the glyph paths of one text arrive
-  std::int32_t textLast = 0;  ///< 1 for the text's last path
-  OwnedGroup textGroup;       ///< holds the curves of a text at depth 0
-  OwnedGroup pathGroup;       ///< holds the curves of one path at depth 0
-  std::vector<std::unique_ptr<GroupFrame>> frames;
-  FileMember* results;  ///< sentinel of the result list, owned
+  std::int32_t textMode = 0;        ///< 1 while the glyph paths of one text arrive
+  std::int32_t textLast = 0;        ///< 1 for the text's last path
+  ResultStore store;                ///< holds all groups and results
+  CFileGroup* textGroup = nullptr;  ///< holds the curves of a text at depth 0
+  CFileGroup* pathGroup = nullptr;  ///< holds the curves of one path at depth 0
+  std::vector<GroupFrame> frames;
+  FileMember* results;  ///< sentinel of the result list
   FileMember* resultCursor;
   std::uint32_t resultCount = 0;
 
@@ -89,12 +90,12 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   CoordinateChain ChainOf(const Entity_ZR::ZR_Entity& entity) const;
 
   /// Appends a finished object to the innermost frame's group, or to the results.
-  void AddResult(OwnedObject object);
-  /// Moves all members of `group`, in order, to the results.
-  void MoveToResults(CFileGroup& group);
+  void AddResult(CFileDraw* object);
+  /// Moves all members of `group`, in order, to the results. Nobody may use the group afterwards.
+  void MoveToResults(CFileGroup* group);
 
   /// An empty curve for a line, a circle or an ellipse, with its colour and processing block.
-  OwnedCurve NewShapeCurve(const Entity_ZR::ZR_Entity& entity) const;
+  CFileCurve* NewShapeCurve(const Entity_ZR::ZR_Entity& entity);
   /// One curve of the Bezier sections of `points`, four points each; false where there are none.
   bool AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector<Entity_ZR::Point3>& points);
 
@@ -103,17 +104,17 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   /// True while curves of paths wait in `textGroup`, not in `pathGroup`, when no frame is open.
   bool CollectsText() const { return textMode == 1 && textGroup != nullptr; }
   /// An empty curve for one subpath, with its processing block.
-  OwnedCurve NewPathCurve(const Entity_ZR::ZR_Entity& entity) const;
+  CFileCurve* NewPathCurve(const Entity_ZR::ZR_Entity& entity);
   /// Where the finished curves of a path wait.
   CFileGroup& PathHolder();
   /// Adds the last curve of a path, and hands out what waited for it.
-  void FinishPath(OwnedCurve lastCurve);
+  void FinishPath(CFileCurve* lastCurve);
 
   /// Adds the glyphs of `text` as paths.
   void DrawText(const Entity_ZR::ZR_Text& text);
 
   /// A bitmap result for `entity` with its processing block, still without pixels.
-  OwnedDib NewDib(const Entity_ZR::ZR_Entity& entity) const;
+  CFileDib* NewDib(const Entity_ZR::ZR_Entity& entity);
   /// Gives `dib` its packed pixels; false where there is no memory for them.
   bool PackPixels(const Entity_ZR::ZR_Image& image, CFileDib& dib);
   /// From the pixels of `image` to the result.

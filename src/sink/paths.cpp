@@ -1,8 +1,6 @@
 // Paths: one curve for each subpath.
 #include "entity/path.h"
-#include "result/member_list.h"
 #include "result/processing_block.h"
-#include "result/segment_list.h"
 #include "sink/my_draw_load.h"
 #include "sink/parameters.h"
 
@@ -14,21 +12,23 @@ using Entity_ZR::Point3;
 /// Appends one drawn segment to `curve`; false for a type that draws nothing.
 /// Kept: control points are mapped by the path's matrix in its own record, and the control point of a
 /// quadratic curve serves as both controls of the cubic.
-bool AppendSegment(CFileCurve& curve, const CoordinateChain& chain, const Matrix2D& matrix, Point3 from,
-                   PathSegment& segment) {
+bool AppendSegment(ResultStore& store, CFileCurve& curve, const CoordinateChain& chain,
+                   const Matrix2D& matrix, Point3 from, PathSegment& segment) {
   switch (segment.type) {
-    case Entity_ZR::kLineTo: AppendLine(curve, chain.Place(from), chain.Place(segment.end)); return true;
+    case Entity_ZR::kLineTo:
+      store.AppendLine(curve, chain.Place(from), chain.Place(segment.end));
+      return true;
     case Entity_ZR::kQuadTo: {
       segment.control1 = matrix.Apply(segment.control1);
       const FilePosition control = chain.PlaceDocumentPoint(segment.control1);
-      AppendCubic(curve, chain.Place(from), control, control, chain.Place(segment.end));
+      store.AppendCubic(curve, chain.Place(from), control, control, chain.Place(segment.end));
       return true;
     }
     case Entity_ZR::kCubicTo:
       segment.control1 = matrix.Apply(segment.control1);
       segment.control2 = matrix.Apply(segment.control2);
-      AppendCubic(curve, chain.Place(from), chain.PlaceDocumentPoint(segment.control1),
-                  chain.PlaceDocumentPoint(segment.control2), chain.Place(segment.end));
+      store.AppendCubic(curve, chain.Place(from), chain.PlaceDocumentPoint(segment.control1),
+                        chain.PlaceDocumentPoint(segment.control2), chain.Place(segment.end));
       return true;
     default: return false;
   }
@@ -36,49 +36,52 @@ bool AppendSegment(CFileCurve& curve, const CoordinateChain& chain, const Matrix
 
 }  // namespace
 
-OwnedCurve CMyDrawLoad::NewPathCurve(const Entity_ZR::ZR_Entity& entity) const {
-  OwnedCurve curve(new CFileCurve);
+CFileCurve* CMyDrawLoad::NewPathCurve(const Entity_ZR::ZR_Entity& entity) {
+  CFileCurve* curve = store.NewCurve();
   if (!entity.attributes.empty()) {
     ApplyCurveParameters(entity.attributes, *curve);
   } else if (groupDepth != 0) {
-    CopyProcessingBlock(*frames.back()->group, *curve);
+    CopyProcessingBlock(*frames.back().group, *curve);
   }
   return curve;
 }
 
 CFileGroup& CMyDrawLoad::PathHolder() {
-  if (groupDepth != 0) return *frames.back()->group;
+  if (groupDepth != 0) return *frames.back().group;
   return CollectsText() ? *textGroup : *pathGroup;
 }
 
-void CMyDrawLoad::FinishPath(OwnedCurve lastCurve) {
+void CMyDrawLoad::FinishPath(CFileCurve* lastCurve) {
   const bool collectsText = CollectsText();
   if (groupDepth == 0 && collectsText) CopyProcessingBlock(*lastCurve, *textGroup);
-  AppendMember(PathHolder(), std::move(lastCurve));
+  store.Append(PathHolder(), lastCurve);
   if (groupDepth != 0) return;
   if (!collectsText) {
-    MoveToResults(*pathGroup);
-    pathGroup.reset();
+    MoveToResults(pathGroup);
+    pathGroup = nullptr;
   } else if (textLast != 0) {
-    MoveToResults(*textGroup);
-    textGroup.reset();
+    MoveToResults(textGroup);
+    textGroup = nullptr;
     textMode = 0;
   }
 }
 
 bool CMyDrawLoad::AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
-  if (groupDepth == 0 && !CollectsText()) pathGroup.reset(new CFileGroup);
+  if (groupDepth == 0 && !CollectsText()) {
+    if (pathGroup != nullptr) store.Recycle(pathGroup);
+    pathGroup = store.NewGroup();
+  }
   const CoordinateChain chain = ChainOf(*entity);
-  OwnedCurve curve = NewPathCurve(*entity);
+  CFileCurve* curve = NewPathCurve(*entity);
   Point3 current;
   for (PathSegment& segment : entity->segments) {
     if (segment.type == Entity_ZR::kMoveTo) {
       if (curve->segmentCount != 0) {
-        AppendMember(PathHolder(), std::move(curve));
+        store.Append(PathHolder(), curve);
         curve = NewPathCurve(*entity);
       }
-    } else if (AppendSegment(*curve, chain, entity->matrix, current, segment)) {
+    } else if (AppendSegment(store, *curve, chain, entity->matrix, current, segment)) {
       curve->color = ResultColor(*entity);
     } else {
       continue;
@@ -86,6 +89,10 @@ bool CMyDrawLoad::AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) {
     current = segment.end;
   }
   // Kept: a path that ends in a move leaves the curves before it in the group, which the next one replaces.
-  if (curve->segmentCount != 0) FinishPath(std::move(curve));
+  if (curve->segmentCount != 0) {
+    FinishPath(curve);
+  } else {
+    store.Recycle(curve);
+  }
   return true;
 }

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "entity/shapes.h"
-#include "result/segment_list.h"
 #include "sink/arc_to_bezier.h"
 #include "sink/my_draw_load.h"
 
@@ -19,8 +18,8 @@ constexpr double kClosedTolerance = 0.0001;
 /// Appends the spans of one polyline to a curve.
 class SpanWriter {
  public:
-  SpanWriter(CFileCurve& target, const CoordinateChain& coordinates, Point3 firstVertex)
-      : curve(target), chain(coordinates), start(firstVertex) {}
+  SpanWriter(ResultStore& results, CFileCurve& target, const CoordinateChain& coordinates, Point3 firstVertex)
+      : store(results), curve(target), chain(coordinates), start(firstVertex) {}
 
   /// The span between two neighbours, of which the first one states the bulge.
   void AppendSpan(Point3 from, double bulge, Point3 to) {
@@ -33,7 +32,7 @@ class SpanWriter {
 
  private:
   void AppendStraight(Point3 to) {
-    AppendLine(curve, chain.Place(start), chain.Place(to));
+    store.AppendLine(curve, chain.Place(start), chain.Place(to));
     start = to;
   }
 
@@ -41,12 +40,13 @@ class SpanWriter {
     const std::vector<Point3> points =
         ArcToBezier(arc.reversed != 0, arc.center, arc.radius, 0.0, arc.startAngle, arc.endAngle, arc.radius);
     for (std::size_t i = 0; i + 3 < points.size(); i += 4) {
-      AppendCubic(curve, chain.Place(points[i]), chain.Place(points[i + 1]), chain.Place(points[i + 2]),
-                  chain.Place(points[i + 3]));
+      store.AppendCubic(curve, chain.Place(points[i]), chain.Place(points[i + 1]), chain.Place(points[i + 2]),
+                        chain.Place(points[i + 3]));
     }
     if (!points.empty()) start = points.back();
   }
 
+  ResultStore& store;
   CFileCurve& curve;
   const CoordinateChain& chain;
   Point3 start;  ///< end of the span before, as drawn
@@ -61,9 +61,10 @@ bool EndsApart(const Entity_ZR::ZR_Polyline& polyline) {
   return std::fabs(last.x - first.x) >= kClosedTolerance || std::fabs(last.y - first.y) >= kClosedTolerance;
 }
 
-void AppendVertices(CFileCurve& curve, const CoordinateChain& chain, const Entity_ZR::ZR_Polyline& polyline) {
+void AppendVertices(ResultStore& store, CFileCurve& curve, const CoordinateChain& chain,
+                    const Entity_ZR::ZR_Polyline& polyline) {
   const auto& vertices = polyline.vertices;
-  SpanWriter spans(curve, chain, PointOf(*vertices.front()));
+  SpanWriter spans(store, curve, chain, PointOf(*vertices.front()));
   for (std::size_t i = 1; i < vertices.size(); ++i) {
     spans.AppendSpan(PointOf(*vertices[i - 1]), vertices[i - 1]->bulge, PointOf(*vertices[i]));
   }
@@ -75,7 +76,8 @@ void AppendVertices(CFileCurve& curve, const CoordinateChain& chain, const Entit
 
 /// The vertices that spline fitting made, joined by straight spans. The control vertices between them draw
 /// nothing and part the runs; neither bulges nor the closed bit count.
-void FitVertices(CFileCurve& curve, const CoordinateChain& chain, const Entity_ZR::ZR_Polyline& polyline) {
+void FitVertices(ResultStore& store, CFileCurve& curve, const CoordinateChain& chain,
+                 const Entity_ZR::ZR_Polyline& polyline) {
   const Entity_ZR::PolylineVertex* previous = nullptr;
   for (const auto& vertex : polyline.vertices) {
     if ((vertex->vertexFlags & Entity_ZR::kVertexFromSplineFit) == 0) {
@@ -83,7 +85,7 @@ void FitVertices(CFileCurve& curve, const CoordinateChain& chain, const Entity_Z
       continue;
     }
     if (previous != nullptr) {
-      AppendLine(curve, chain.Place(PointOf(*previous)), chain.Place(PointOf(*vertex)));
+      store.AppendLine(curve, chain.Place(PointOf(*previous)), chain.Place(PointOf(*vertex)));
     }
     previous = vertex.get();
   }
@@ -94,9 +96,9 @@ void FitVertices(CFileCurve& curve, const CoordinateChain& chain, const Entity_Z
 bool CMyDrawLoad::AddLWPolyline(Entity_ZR::ZR_LWPolyline* entity, PARSE::Context) {
   const auto& vertices = entity->vertices;
   if (!entity->IsShown() || vertices.empty()) return false;
-  OwnedCurve curve(new CFileCurve);
+  CFileCurve* curve = store.NewCurve();
   const CoordinateChain chain = ChainOf(*entity);
-  SpanWriter spans(*curve, chain, PointOf(vertices.front()));
+  SpanWriter spans(store, *curve, chain, PointOf(vertices.front()));
   for (std::size_t i = 1; i < vertices.size(); ++i) {
     spans.AppendSpan(PointOf(vertices[i - 1]), vertices[i - 1].bulge, PointOf(vertices[i]));
   }
@@ -105,20 +107,20 @@ bool CMyDrawLoad::AddLWPolyline(Entity_ZR::ZR_LWPolyline* entity, PARSE::Context
     spans.AppendSpan(PointOf(vertices.back()), vertices.back().bulge, PointOf(vertices.front()));
   }
   curve->color = ResultColor(*entity);
-  AddResult(std::move(curve));
+  AddResult(curve);
   return true;
 }
 
 bool CMyDrawLoad::AddPolyline(Entity_ZR::ZR_Polyline* entity, PARSE::Context) {
   if (!entity->IsShown() || entity->vertices.empty()) return false;
-  OwnedCurve curve(new CFileCurve);
+  CFileCurve* curve = store.NewCurve();
   const CoordinateChain chain = ChainOf(*entity);
   if ((entity->polylineFlags & Entity_ZR::kPolylineSplineFit) != 0) {
-    FitVertices(*curve, chain, *entity);
+    FitVertices(store, *curve, chain, *entity);
   } else {
-    AppendVertices(*curve, chain, *entity);
+    AppendVertices(store, *curve, chain, *entity);
   }
   curve->color = ResultColor(*entity);
-  AddResult(std::move(curve));
+  AddResult(curve);
   return true;
 }

@@ -4,7 +4,6 @@
 
 #include "entity/shapes.h"
 #include "result/processing_block.h"
-#include "result/segment_list.h"
 #include "sink/arc_to_bezier.h"
 #include "sink/my_draw_load.h"
 #include "sink/parameters.h"
@@ -15,40 +14,41 @@ using Entity_ZR::Point3;
 
 /// Appends one segment for each four points; `place` maps a point to the result.
 template <typename Place>
-void AppendSections(CFileCurve& curve, const std::vector<Point3>& points, Place place) {
+void AppendSections(ResultStore& store, CFileCurve& curve, const std::vector<Point3>& points, Place place) {
   for (std::size_t i = 0; i + 3 < points.size(); i += 4) {
-    AppendCubic(curve, place(points[i]), place(points[i + 1]), place(points[i + 2]), place(points[i + 3]));
+    store.AppendCubic(curve, place(points[i]), place(points[i + 1]), place(points[i + 2]),
+                      place(points[i + 3]));
   }
 }
 
 }  // namespace
 
-OwnedCurve CMyDrawLoad::NewShapeCurve(const Entity_ZR::ZR_Entity& entity) const {
-  OwnedCurve curve(new CFileCurve);
+CFileCurve* CMyDrawLoad::NewShapeCurve(const Entity_ZR::ZR_Entity& entity) {
+  CFileCurve* curve = store.NewCurve();
   curve->color = ResultColor(entity);
   if (groupDepth == 0) {
     ApplyCurveParameters(entity.attributes, *curve);
   } else {
-    CopyProcessingBlock(*frames.back()->group, *curve);
+    CopyProcessingBlock(*frames.back().group, *curve);
   }
   return curve;
 }
 
 bool CMyDrawLoad::AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector<Point3>& points) {
   if (points.empty()) return false;
-  OwnedCurve curve = NewShapeCurve(entity);
+  CFileCurve* curve = NewShapeCurve(entity);
   const CoordinateChain chain = ChainOf(entity);
-  AppendSections(*curve, points, [&](Point3 p) { return chain.Place(p); });
-  AddResult(std::move(curve));
+  AppendSections(store, *curve, points, [&](Point3 p) { return chain.Place(p); });
+  AddResult(curve);
   return true;
 }
 
 bool CMyDrawLoad::AddLine(Entity_ZR::ZR_Line* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
-  OwnedCurve curve = NewShapeCurve(*entity);
+  CFileCurve* curve = NewShapeCurve(*entity);
   const CoordinateChain chain = ChainOf(*entity);
-  AppendLine(*curve, chain.Place(entity->start), chain.Place(entity->end));
-  AddResult(std::move(curve));
+  store.AppendLine(*curve, chain.Place(entity->start), chain.Place(entity->end));
+  AddResult(curve);
   return true;
 }
 
@@ -71,10 +71,10 @@ bool CMyDrawLoad::AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context) {
   const std::vector<Point3> points = ArcToBezier(entity->reversed != 0, entity->center, entity->radius, 0.0,
                                                  entity->startAngle, entity->endAngle, entity->radius);
   if (points.empty()) return false;
-  OwnedCurve curve(new CFileCurve);
+  CFileCurve* curve = store.NewCurve();
   curve->color = ResultColor(*entity);
   const CoordinateChain chain = ChainOf(*entity);
-  AppendSections(*curve, points, [&](Point3 p) { return chain.PlaceDocumentPoint(p); });
-  AddResult(std::move(curve));
+  AppendSections(store, *curve, points, [&](Point3 p) { return chain.PlaceDocumentPoint(p); });
+  AddResult(curve);
   return true;
 }

@@ -64,7 +64,7 @@ bool CMyDrawLoad::AddText(ZR_Text* entity, PARSE::Context) {
   if (!utf8::is_valid(entity->text.begin(), entity->text.end())) return true;
   textMode = 1;
   textLast = 0;
-  if (groupDepth == 0 && textGroup == nullptr) textGroup.reset(new CFileGroup);
+  if (groupDepth == 0 && textGroup == nullptr) textGroup = store.NewGroup();
   DrawText(*entity);
   return true;
 }

@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/huge_pages.h"
+
 namespace support {
 
 namespace {
@@ -51,6 +53,7 @@ std::optional<FileBytes> FileBytes::Read(const std::string& path, std::size_t mo
   const std::optional<std::size_t> size = file.RegularSize();
   if (!size || *size > mostBytes) return std::nullopt;
   auto bytes = std::make_unique_for_overwrite<char[]>(*size);
+  AdviseHugePages(bytes.get(), *size);
   const std::optional<std::size_t> filled = file.ReadInto(bytes.get(), *size);
   if (!filled) return std::nullopt;
   return FileBytes(std::move(bytes), *filled);

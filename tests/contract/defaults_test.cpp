@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "drawload/exports.h"
-#include "result/ownership.h"
+#include "result/host_objects.h"
 
 namespace {
 
@@ -51,7 +51,7 @@ TEST(Defaults, OfTheBaseClassAreOfKindZero) {
 }
 
 TEST(Defaults, OfACurveAreAnEmptySegmentList) {
-  const OwnedCurve curve(new CFileCurve);
+  const Owned<CFileCurve> curve(new CFileCurve);
   ExpectBaseDefaults(*curve);
   EXPECT_EQ(curve->kind, 0);
   ASSERT_NE(curve->segmentHead, nullptr);

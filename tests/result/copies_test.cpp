@@ -5,9 +5,7 @@
 #include "drawload/file_dib.h"
 #include "drawload/file_group.h"
 #include "drawload/file_point.h"
-#include "result/member_list.h"
-#include "result/ownership.h"
-#include "result/segment_list.h"
+#include "result/host_objects.h"
 
 namespace {
 
@@ -38,12 +36,12 @@ void ExpectMarkedBase(const CFileDraw& object) {
 }  // namespace
 
 TEST(Copies, OfACurveShareItsSegments) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendLine(*curve, {0, 0}, {1, 1});
+  const Owned<CFileCurve> curve(new CFileCurve);
+  AppendSegment(*curve);
   MarkBase(*curve);
   curve->trailingWord = 77;
   const CFileCurve copy(*curve);
-  const OwnedCurve emptyCurve(new CFileCurve);
+  const Owned<CFileCurve> emptyCurve(new CFileCurve);
   CFileCurve assigned(*emptyCurve);
   assigned = *curve;
   for (const CFileCurve& one : {copy, assigned}) {
@@ -115,7 +113,8 @@ TEST(Copies, OfAGroupShareItsMembersAndHaveItsName) {
     EXPECT_EQ(one->trailingValue, 14u);
   }
   // Only one owner may destroy a list, so the copies get lists of their own before they end.
-  copy.memberHead = NewMemberList();
+  copy.memberHead = new FileMember{};
+  copy.memberHead->next = copy.memberHead;
   assigned.memberHead = listOfItsOwn;
 }
 

@@ -9,8 +9,7 @@
 #include "drawload/file_dib.h"
 #include "drawload/file_point.h"
 #include "platform/global_memory.h"
-#include "result/member_list.h"
-#include "result/segment_list.h"
+#include "result/host_objects.h"
 
 namespace {
 
@@ -46,13 +45,11 @@ class Listener : public CFileDraw {
   std::vector<std::string>& log;
 };
 
-void Append(CFileGroup& group, CFileDraw* object) { AppendMember(group, OwnedObject(object)); }
-
 std::vector<double> Sides(const structRect& rect) { return {rect.minX, rect.minY, rect.maxX, rect.maxY}; }
 
 class GroupOfListeners : public testing::Test {
  protected:
-  void Add(structRect bounds) { Append(group, new Listener(++count, bounds, log)); }
+  void Add(structRect bounds) { AppendMember(group, new Listener(++count, bounds, log)); }
 
   CFileGroup group;
   std::vector<std::string> log;
@@ -129,7 +126,7 @@ TEST(CFileGroup, BoundsItsPoints) {
     auto* point = new CFilePoint;
     point->x = at;
     point->y = 10 * at;
-    Append(group, point);
+    AppendMember(group, point);
   }
   EXPECT_THAT(Sides(group.CalRect()), ElementsAre(-1, -10, 3, 30));
 }
@@ -137,29 +134,29 @@ TEST(CFileGroup, BoundsItsPoints) {
 TEST(CFileGroup, FreesMembersOfEveryKind) {
   // The leak checker of the sanitizer build is what watches this test.
   auto* curve = new CFileCurve;
-  AppendLine(*curve, {0, 0}, {1, 1});
+  AppendSegment(*curve);
   auto* dib = new CFileDib;
   dib->bitmap = platform::GlobalAlloc(platform::kZeroInitialised, 100);
   dib->auxiliary = ::operator new(10);
   auto* inner = new CFileGroup;
-  Append(*inner, new CFilePoint);
+  AppendMember(*inner, new CFilePoint);
   inner->name = "a name that is too long for the string object itself";
   std::vector<std::string> log;
   CFileGroup group;
-  Append(group, curve);
-  Append(group, dib);
-  Append(group, new CFilePoint);
-  Append(group, inner);
-  Append(group, new Listener(1, {}, log));
+  AppendMember(group, curve);
+  AppendMember(group, dib);
+  AppendMember(group, new CFilePoint);
+  AppendMember(group, inner);
+  AppendMember(group, new Listener(1, {}, log));
   EXPECT_EQ(group.memberCount, 5);
 }
 
 TEST(CFileGroup, FreesNestingOfAnyDepth) {
-  OwnedGroup innermost(new CFileGroup);
-  Append(*innermost, new CFilePoint);
+  Owned<CFileGroup> innermost(new CFileGroup);
+  AppendMember(*innermost, new CFilePoint);
   for (int level = 0; level < 200000; ++level) {
-    OwnedGroup outer(new CFileGroup);
-    Append(*outer, innermost.release());
+    Owned<CFileGroup> outer(new CFileGroup);
+    AppendMember(*outer, innermost.release());
     innermost = std::move(outer);
   }
   innermost.reset();

@@ -5,7 +5,7 @@
 #include "drawload/file_point.h"
 #include "result/member_list.h"
 #include "result/processing_block.h"
-#include "result/segment_list.h"
+#include "result/result_store.h"
 
 namespace {
 
@@ -13,14 +13,8 @@ using testing::ElementsAre;
 
 /// A list for one test, of points that the test owns.
 struct ListOf {
-  explicit ListOf(std::initializer_list<CFilePoint*> points) : head(NewMemberList()) {
-    for (CFilePoint* point : points) AppendMember(head, point);
-  }
-  ListOf(const ListOf&) = delete;
-  ListOf& operator=(const ListOf&) = delete;
-  ~ListOf() {
-    while (head->next != head) RemoveMember(head->next);
-    delete head;
+  explicit ListOf(std::initializer_list<CFilePoint*> points) : head(store.NewList()) {
+    for (CFilePoint* point : points) store.Append(head, point);
   }
 
   std::vector<CFileDraw*> Forward() const {
@@ -35,6 +29,7 @@ struct ListOf {
     return objects;
   }
 
+  ResultStore store;
   FileMember* head;
 };
 
@@ -58,13 +53,6 @@ TEST(MemberList, IsLinkedBothWaysInOrder) {
   EXPECT_THAT(list.Backward(), ElementsAre(&three, &two, &one));
 }
 
-TEST(MemberList, ClosesTheGapOfARemovedMember) {
-  const ListOf list{&one, &two, &three};
-  EXPECT_EQ(RemoveMember(list.head->next->next), &two);
-  EXPECT_THAT(list.Forward(), ElementsAre(&one, &three));
-  EXPECT_THAT(list.Backward(), ElementsAre(&three, &one));
-}
-
 TEST(MemberList, TakesAnotherListOverAtItsEnd) {
   const ListOf to{&one, &two};
   const ListOf from{&three, &four};
@@ -82,16 +70,18 @@ TEST(MemberList, TakesAnEmptyListOverWithoutChange) {
 }
 
 TEST(MemberList, CountsTheMembersOfAGroup) {
-  CFileGroup group;
-  AppendMember(group, OwnedObject(new CFilePoint));
-  AppendMember(group, OwnedObject(new CFilePoint));
-  EXPECT_EQ(group.memberCount, 2);
+  ResultStore store;
+  CFileGroup* group = store.NewGroup();
+  store.Append(*group, &one);
+  store.Append(*group, &two);
+  EXPECT_EQ(group->memberCount, 2);
 }
 
 TEST(SegmentList, IsLinkedBothWaysInOrder) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendLine(*curve, {0, 0}, {1, 0});
-  AppendCubic(*curve, {1, 0}, {2, 0}, {3, 0}, {4, 0});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendLine(*curve, {0, 0}, {1, 0});
+  store.AppendCubic(*curve, {1, 0}, {2, 0}, {3, 0}, {4, 0});
   const FileSegment* first = curve->segmentHead->next;
   const FileSegment* second = first->next;
   EXPECT_EQ(second->next, curve->segmentHead);
@@ -102,15 +92,17 @@ TEST(SegmentList, IsLinkedBothWaysInOrder) {
 }
 
 TEST(SegmentList, HasItsCursorOnTheFirstSegment) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendLine(*curve, {0, 0}, {1, 0});
-  AppendLine(*curve, {1, 0}, {2, 0});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendLine(*curve, {0, 0}, {1, 0});
+  store.AppendLine(*curve, {1, 0}, {2, 0});
   EXPECT_EQ(curve->segmentCursor, curve->segmentHead->next);
 }
 
 TEST(SegmentList, KeepsTheFourPointsOfACubic) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendCubic(*curve, {1, 2}, {3, 4}, {5, 6}, {7, 8});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendCubic(*curve, {1, 2}, {3, 4}, {5, 6}, {7, 8});
   const FileSegment& segment = *curve->segmentHead->next;
   EXPECT_EQ(segment.type, 3);
   EXPECT_THAT((std::vector<double>{segment.start.x, segment.start.y, segment.control1.x, segment.control1.y,

@@ -5,15 +5,15 @@
 
 #include "drawload/file_curve.h"
 #include "drawload/file_dib.h"
-#include "result/ownership.h"
-#include "result/segment_list.h"
+#include "result/result_store.h"
 
 namespace {
 
 /// Bounds of one cubic with these points.
 structRect BoundsOf(FilePosition p0, FilePosition p1, FilePosition p2, FilePosition p3) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendCubic(*curve, p0, p1, p2, p3);
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendCubic(*curve, p0, p1, p2, p3);
   return curve->CalRect();
 }
 
@@ -36,27 +36,31 @@ struct Header {
 }  // namespace
 
 TEST(CurveBounds, OfLinesAreThoseOfTheirEnds) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendLine(*curve, {3, 4}, {-1, 10});
-  AppendLine(*curve, {-1, 10}, {5, -2});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendLine(*curve, {3, 4}, {-1, 10});
+  store.AppendLine(*curve, {-1, 10}, {5, -2});
   ExpectBounds(curve->CalRect(), -1, -2, 5, 10);
 }
 
 TEST(CurveBounds, AreStoredInTheCurve) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendLine(*curve, {3, 4}, {5, 6});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendLine(*curve, {3, 4}, {5, 6});
   curve->CalRect();
   ExpectBounds(curve->rect, 3, 4, 5, 6);
 }
 
 TEST(CurveBounds, OfNothingStayAsTheyAre) {
-  const OwnedCurve curve(new CFileCurve);
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
   ExpectBounds(curve->CalRect(), 0, 0, 100, 100);
 }
 
 TEST(CurveBounds, DoNotIncludeTheOriginForTheSakeOfALinesControls) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendLine(*curve, {30, 40}, {50, 60});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendLine(*curve, {30, 40}, {50, 60});
   ExpectBounds(curve->CalRect(), 30, 40, 50, 60);
 }
 
@@ -90,9 +94,10 @@ TEST(CurveBounds, AreRightForHugeAndTinyCurves) {
 }
 
 TEST(CurveBounds, CoverAllSegments) {
-  const OwnedCurve curve(new CFileCurve);
-  AppendCubic(*curve, {0, 0}, {0, 4}, {4, 4}, {4, 0});
-  AppendLine(*curve, {4, 0}, {7, -1});
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
+  store.AppendCubic(*curve, {0, 0}, {0, 4}, {4, 4}, {4, 0});
+  store.AppendLine(*curve, {4, 0}, {7, -1});
   ExpectBounds(curve->CalRect(), 0, -1, 7, 3);
 }
 

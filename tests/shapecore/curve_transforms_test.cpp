@@ -3,8 +3,7 @@
 #include <numbers>
 
 #include "drawload/file_curve.h"
-#include "result/ownership.h"
-#include "result/segment_list.h"
+#include "result/result_store.h"
 
 namespace {
 
@@ -14,9 +13,9 @@ using testing::Pointwise;
 /// A line from (0, 0) to (2, 1) and a cubic from there on.
 class CurveTransforms : public testing::Test {
  protected:
-  CurveTransforms() : curve(new CFileCurve) {
-    AppendLine(*curve, {0, 0}, {2, 1});
-    AppendCubic(*curve, {2, 1}, {3, 1}, {4, 2}, {4, 5});
+  CurveTransforms() : curve(store.NewCurve()) {
+    store.AppendLine(*curve, {0, 0}, {2, 1});
+    store.AppendCubic(*curve, {2, 1}, {3, 1}, {4, 2}, {4, 5});
   }
 
   /// All points of the curve: x and y of start and end of the line; then of the four points of the cubic.
@@ -32,7 +31,8 @@ class CurveTransforms : public testing::Test {
     EXPECT_THAT(Points(), Pointwise(DoubleNear(1e-14), expected));
   }
 
-  OwnedCurve curve;
+  ResultStore store;
+  CFileCurve* curve;
 };
 
 }  // namespace
@@ -83,7 +83,8 @@ TEST_F(CurveTransforms, LeaveTheControlPointsOfALineZero) {
 }
 
 TEST(CurveTransformsOfNothing, ChangeNothing) {
-  const OwnedCurve curve(new CFileCurve);
+  ResultStore store;
+  CFileCurve* curve = store.NewCurve();
   curve->Move(1, 1);
   curve->TransRotate(1, 1, 1);
   curve->TransMirrorX(1);

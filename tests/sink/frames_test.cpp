@@ -140,9 +140,9 @@ TEST(AddInsert, OpensAFrameWithItsMatrixAndAnEmptyGroup) {
   EXPECT_TRUE(sink.AddInsert(&insert, 0));
   EXPECT_EQ(sink.groupDepth, 1u);
   ASSERT_EQ(sink.frames.size(), 1u);
-  EXPECT_EQ(sink.frames[0]->matrix, insert.matrix);
-  EXPECT_EQ(sink.frames[0]->group->memberCount, 0);
-  EXPECT_EQ(sink.frames[0]->group->frequency, 1.0);
+  EXPECT_EQ(sink.frames[0].matrix, insert.matrix);
+  EXPECT_EQ(sink.frames[0].group->memberCount, 0);
+  EXPECT_EQ(sink.frames[0].group->frequency, 1.0);
 }
 
 TEST(AddInsert, ReadsNothingButItsMatrixForThePlacement) {
@@ -161,10 +161,10 @@ TEST(AddInsert, GivesItsGroupItsOwnParametersAndNotItsParents) {
   CMyDrawLoad sink;
   OpenFrame(sink, {}, {{"cutPower", "70"}, {"frequency", "2000"}});
   OpenFrame(sink, {}, {{"cutSpeed", "7"}});
-  EXPECT_EQ(sink.frames[0]->group->frequency, 2000.0);
-  EXPECT_EQ(sink.frames[1]->group->cutPower, 30.0);
-  EXPECT_EQ(sink.frames[1]->group->cutSpeed, 7.0);
-  EXPECT_EQ(sink.frames[1]->group->frequency, 1.0);
+  EXPECT_EQ(sink.frames[0].group->frequency, 2000.0);
+  EXPECT_EQ(sink.frames[1].group->cutPower, 30.0);
+  EXPECT_EQ(sink.frames[1].group->cutSpeed, 7.0);
+  EXPECT_EQ(sink.frames[1].group->frequency, 1.0);
 }
 
 TEST(AddInsert, OpensNoFrameWhenHiddenOrItsLayerIsOff) {

@@ -10,7 +10,6 @@
 #include "entity/polylines.h"
 #include "entity/shapes.h"
 #include "entity/text.h"
-#include "result/member_list.h"
 #include "sink/sink_results.h"
 
 TEST(CMyDrawLoad, BeginsWithNothing) {
@@ -99,7 +98,7 @@ TEST(CMyDrawLoad, FreesNoPointInItsList) {
   CFilePoint mine;
   {
     CMyDrawLoad sink;
-    AppendMember(sink.results, &mine);
+    sink.store.Append(sink.results, &mine);
   }
   mine.TransMove(1, 2);
   EXPECT_EQ(mine.x, 1.0);

@@ -7,7 +7,7 @@
 #include "drawload/file_curve.h"
 #include "drawload/file_dib.h"
 #include "drawload/file_group.h"
-#include "result/ownership.h"
+#include "result/host_objects.h"
 #include "sink/sink_results.h"
 
 namespace {
@@ -19,9 +19,6 @@ template <typename Member>
 Field Of(Member CFileDraw::*member) {
   return [member](const CFileDraw& object) { return static_cast<double>(object.*member); };
 }
-
-template <typename Object>
-using Owned = std::unique_ptr<Object, ObjectDeleter>;
 
 Owned<CFileCurve> CurveWith(AttributePairs pairs) {
   Owned<CFileCurve> curve(new CFileCurve);

@@ -37,7 +37,7 @@ std::vector<double> StartsAlongX(CMyDrawLoad& sink) {
 /// A sink that waits for the glyph paths of one text.
 void BeginText(CMyDrawLoad& sink) {
   sink.textMode = 1;
-  sink.textGroup.reset(new CFileGroup);
+  sink.textGroup = sink.store.NewGroup();
 }
 
 }  // namespace
@@ -235,7 +235,7 @@ TEST(AddPath, HandsItsCurvesToTheFrameAtOnce) {
   OpenFrame(sink, {});
   Add(sink, TwoLines());
   EXPECT_FALSE(sink.HasResults());
-  EXPECT_EQ(sink.frames.back()->group->memberCount, 2);
+  EXPECT_EQ(sink.frames.back().group->memberCount, 2);
   EXPECT_EQ(sink.pathGroup, nullptr);
 }
 

@@ -360,10 +360,10 @@ TEST_F(AddText, KeepsItsStateOnInvalidUtf8) {
 TEST_F(AddText, KeepsWhatWaitsOnInvalidUtf8) {
   ZR_Text waiting = TextOf("l ");
   sink.AddText(&waiting, 0);
-  const CFileGroup* group = sink.textGroup.get();
+  const CFileGroup* group = sink.textGroup;
   ZR_Text invalid = TextOf("\xFF");
   sink.AddText(&invalid, 0);
-  EXPECT_EQ(sink.textGroup.get(), group);
+  EXPECT_EQ(sink.textGroup, group);
   EXPECT_EQ(sink.textMode, 1);
   EXPECT_EQ(sink.textLast, 1);
 }

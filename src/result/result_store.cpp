@@ -1,0 +1,102 @@
+#include "result/result_store.h"
+
+#include <algorithm>
+#include <new>
+
+#include "platform/global_memory.h"
+#include "support/huge_pages.h"
+
+namespace {
+
+constexpr std::size_t kLargestChunk = std::size_t{16} << 20;
+constexpr std::size_t kSmallestAdvisedChunk = std::size_t{4} << 20;
+
+}  // namespace
+
+ResultStore::~ResultStore() {
+  for (const CFileDib* dib : dibs) {
+    if (dib->bitmap != nullptr) platform::GlobalFree(dib->bitmap);
+    ::operator delete(dib->auxiliary);
+  }
+}
+
+void ResultStore::AddChunk() {
+  const std::size_t bytes = nextChunkBytes;
+  chunks.push_back(std::make_unique_for_overwrite<std::byte[]>(bytes));
+  free = chunks.back().get();
+  end = free + bytes;
+  if (bytes >= kSmallestAdvisedChunk) support::AdviseHugePages(free, bytes);
+  nextChunkBytes = std::min(2 * bytes, kLargestChunk);
+}
+
+CFileCurve* ResultStore::NewCurve() {
+  if (spareCurve != nullptr) return std::exchange(spareCurve, nullptr);
+  FileSegment* sentinel = new (RoomFor<FileSegment>()) FileSegment{};
+  return new (RoomFor<CFileCurve>()) CFileCurve(sentinel);
+}
+
+CFileDib* ResultStore::NewDib() {
+  dibs.reserve(dibs.size() + 1);
+  CFileDib* dib = new (RoomFor<CFileDib>()) CFileDib;
+  dibs.push_back(dib);
+  return dib;
+}
+
+CFileGroup* ResultStore::NewGroup() {
+  if (spareGroups.empty()) return new (RoomFor<CFileGroup>()) CFileGroup(new (RoomFor<FileMember>()) FileMember{});
+  CFileGroup* group = spareGroups.back();
+  spareGroups.pop_back();
+  return group;
+}
+
+FileMember* ResultStore::NewList() {
+  auto* sentinel = new (RoomFor<FileMember>()) FileMember{};
+  sentinel->previous = sentinel;
+  sentinel->next = sentinel;
+  return sentinel;
+}
+
+void ResultStore::Recycle(CFileCurve* curve) { spareCurve = new (curve) CFileCurve(curve->segmentHead); }
+
+void ResultStore::Recycle(CFileGroup* group) {
+  spareGroups.push_back(new (group) CFileGroup(group->memberHead));
+}
+
+FileSegment& ResultStore::AppendSegment(CFileCurve& curve, FileSegmentType type) {
+  FileSegment* head = curve.segmentHead;
+  auto* segment = new (RoomFor<FileSegment>()) FileSegment{};
+  segment->type = type;
+  segment->previous = head->previous;
+  segment->next = head;
+  head->previous->next = segment;
+  head->previous = segment;
+  if (curve.segmentCount == 0) curve.segmentCursor = segment;
+  ++curve.segmentCount;
+  return *segment;
+}
+
+void ResultStore::AppendLine(CFileCurve& curve, FilePosition from, FilePosition to) {
+  FileSegment& segment = AppendSegment(curve, kSegmentLine);
+  segment.start = from;
+  segment.end = to;
+}
+
+void ResultStore::AppendCubic(CFileCurve& curve, FilePosition from, FilePosition control1,
+                              FilePosition control2, FilePosition to) {
+  FileSegment& segment = AppendSegment(curve, kSegmentCubic);
+  segment.start = from;
+  segment.end = to;
+  segment.control1 = control1;
+  segment.control2 = control2;
+}
+
+void ResultStore::Append(FileMember* head, CFileDraw* object) {
+  auto* node = new (RoomFor<FileMember>()) FileMember{object, head->previous, head};
+  head->previous->next = node;
+  head->previous = node;
+}
+
+void ResultStore::Append(CFileGroup& group, CFileDraw* object) {
+  Append(group.memberHead, object);
+  ++group.memberCount;
+}
