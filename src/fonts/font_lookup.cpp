@@ -34,9 +34,9 @@ std::string FontLookup::SearchWithPrefix(const std::string& fontName, std::size_
 std::string FontLookup::MappedFile(std::string_view key) {
   if (directory.empty()) return {};
   if (!profile) profile.emplace(directory + "font.ini");
-  const std::string_view value = profile->Value("Font", key);
+  const std::string value = profile->Value("Font", key);
   if (value.empty()) return {};
-  return (directory + "fonts/").append(value);
+  return directory + "fonts/" + value;
 }
 
 const InstalledFonts& FontLookup::Installed() {

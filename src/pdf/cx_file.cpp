@@ -2,6 +2,8 @@
 
 #include <cstdarg>
 
+#include "support/open_file.h"
+
 namespace pdf {
 
 bool CxIOFile::Take(std::FILE* opened) {
@@ -13,10 +15,7 @@ bool CxIOFile::Take(std::FILE* opened) {
 
 bool CxIOFile::Open(const char* path, const char* mode) { return Take(std::fopen(path, mode)); }
 
-bool CxIOFile::OpenBytes(std::string_view bytes) {
-  // The mode says that nothing is written to the bytes.
-  return Take(fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "rb"));
-}
+bool CxIOFile::OpenBytes(std::string_view bytes) { return Take(support::StreamOver(bytes)); }
 
 bool CxIOFile::Close() {
   if (!file || !isOwned) return false;

@@ -1,9 +1,9 @@
 #ifndef DRAWLOAD_PLATFORM_PROFILE_FILE_H
 #define DRAWLOAD_PLATFORM_PROFILE_FILE_H
 
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace platform {
 
@@ -13,16 +13,18 @@ namespace platform {
 /// and of keys in one section, that bear the same name the first wins.
 class ProfileFile {
  public:
-  /// Reads the file at `path`. One that cannot be read has no keys.
+  /// The file at `path`, from the root on. One that cannot be read has no keys.
   explicit ProfileFile(const std::string& path);
+  ProfileFile(const ProfileFile&) = delete;
+  ProfileFile& operator=(const ProfileFile&) = delete;
+  ~ProfileFile();
 
   /// The value of `key` without one pair of quotes around it, cut to 254 bytes; empty where there is none.
-  std::string_view Value(std::string_view section, std::string_view key) const;
+  std::string Value(std::string_view section, std::string_view key) const;
 
  private:
-  void Parse(std::string_view text);
-
-  std::unordered_map<std::string, std::string> values;  ///< by section, NUL, key, all in lower case
+  class Contents;
+  std::unique_ptr<const Contents> contents;
 };
 
 }  // namespace platform

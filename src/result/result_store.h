@@ -28,7 +28,8 @@ class ResultStore {
   /// The sentinel of an empty list of objects, linked to itself.
   FileMember* NewList();
 
-  /// Take back an object that is in no list and whose content nobody needs, to hand it out again as a new one.
+  /// Take back an object that is in no list and whose content nobody needs, to hand it out again as a new
+  /// one.
   void Recycle(CFileCurve* curve);
   void Recycle(CFileGroup* group);
 
@@ -47,9 +48,10 @@ class ResultStore {
   /// Room for one object, not initialised.
   template <typename Object>
   void* RoomFor() {
-    static_assert(sizeof(Object) % kAlignment == 0 && alignof(Object) <= kAlignment);
-    if (static_cast<std::size_t>(end - free) < sizeof(Object)) AddChunk();
-    return std::exchange(free, free + sizeof(Object));
+    static_assert(alignof(Object) <= kAlignment);
+    constexpr std::size_t kBytes = (sizeof(Object) + kAlignment - 1) / kAlignment * kAlignment;
+    if (static_cast<std::size_t>(end - free) < kBytes) AddChunk();
+    return std::exchange(free, free + kBytes);
   }
   void AddChunk();
   FileSegment& AppendSegment(CFileCurve& curve, FileSegmentType type);

@@ -1,10 +1,12 @@
 // Tight bounds of curves and of placed bitmaps.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
 #include "drawload/file_curve.h"
 #include "drawload/file_dib.h"
+#include "platform/global_memory.h"
 
 namespace {
 
@@ -59,11 +61,15 @@ void IncludeSegment(Interval& x, Interval& y, const FileSegment& segment) {
   IncludeCubic(y, segment.start.y, segment.control1.y, segment.control2.y, segment.end.y);
 }
 
-/// The unsigned 32-bit number at byte `offset` of a packed bitmap.
-std::uint32_t HeaderWord(const void* bitmap, std::size_t offset) {
-  std::uint32_t word = 0;
-  std::memcpy(&word, static_cast<const char*>(bitmap) + offset, sizeof word);
-  return word;
+/// Width and height in pixels of a packed bitmap; zero where there is none.
+std::array<std::uint32_t, 2> PixelSize(platform::GlobalHandle bitmap) {
+  constexpr std::size_t kWidthAt = 4;  // the height stands behind it
+  std::array<std::uint32_t, 2> size{};
+  if (bitmap == nullptr) return size;
+  const auto* block = static_cast<const char*>(platform::GlobalLock(bitmap));
+  std::memcpy(size.data(), block + kWidthAt, sizeof size);
+  platform::GlobalUnlock(bitmap);
+  return size;
 }
 
 }  // namespace
@@ -82,8 +88,9 @@ structRect CFileCurve::CalRect() {
 }
 
 structRect CFileDib::CalRect() {
-  const double width = bitmap == nullptr ? 0.0 : HeaderWord(bitmap, 4);
-  const double height = bitmap == nullptr ? 0.0 : HeaderWord(bitmap, 8);
+  const auto [pixelColumns, pixelRows] = PixelSize(bitmap);
+  const double width = pixelColumns;
+  const double height = pixelRows;
   Interval x{e, e};
   Interval y{f, f};
   for (const FilePosition corner : {FilePosition{width, 0.0}, {0.0, height}, {width, height}}) {

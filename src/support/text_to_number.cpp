@@ -1,14 +1,10 @@
 #include "support/text_to_number.h"
 
 #include <charconv>
-#include <clocale>
-#include <cstdlib>
 #include <limits>
 #include <string>
 
-#if defined(__GLIBC__)
-#include <locale.h>
-#endif
+#include "support/c_locale.h"
 
 namespace support {
 
@@ -40,11 +36,7 @@ bool StartsHexadecimal(std::string_view text) {
 }
 
 /// The rare numbers (hexadecimal, out of range): the C library itself, in the "C" locale.
-double SlowAtoF(std::string_view text) {
-  static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
-  const std::string terminated(text);
-  return strtod_l(terminated.c_str(), nullptr, cLocale);
-}
+double SlowAtoF(std::string_view text) { return StrToDInCLocale(std::string(text).c_str()); }
 
 }  // namespace
 

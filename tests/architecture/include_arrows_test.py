@@ -20,7 +20,7 @@ ARROWS = {
     "interface": set(),
     "codepages": set(),
     "result": {"platform"},
-    "shapecore": {"result"},
+    "shapecore": {"result", "platform"},
     "bitmapcore": {"result"},
     "fonts": {"platform"},
     "dxf": {"interface", "entity", "codepages"},

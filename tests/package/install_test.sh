@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Installs the library into a scratch prefix and builds the host example against it both ways.
-#   install_test.sh BUILD_DIR SOURCE_DIR COMPILER COMPILER_FLAGS
+# Installs the library into a scratch prefix and builds the host examples, in C++ and in C, against it both ways.
+#   install_test.sh BUILD_DIR SOURCE_DIR C++_COMPILER C_COMPILER COMPILER_FLAGS
 set -euo pipefail
 build=$1
 source=$2
 compiler=$3
-flags=$4
+c_compiler=$4
+flags=$5
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -13,15 +14,21 @@ prefix=$scratch/the\ prefix
 cmake --install "$build" --prefix "$prefix" >/dev/null
 
 drawing=$source/examples/bracket.dxf
-expect_curves() {
+
+# expect HOST PATTERN: the host reads the drawing and prints a line like that, and tells of a drawing that is not there.
+expect() {
   "$1" "$drawing" >"$scratch/output"
-  grep -q '^curve #' "$scratch/output"
+  grep -q "$2" "$scratch/output"
+  ! "$1" "$scratch/missing.dxf" 2>"$scratch/output" || { echo "$1 does not tell of a missing drawing"; exit 1; }
+  grep -q 'nothing could be read' "$scratch/output"
 }
 
 cmake -S "$source/examples/host" -B "$scratch/with-cmake" -DCMAKE_PREFIX_PATH="$prefix" \
-  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+  -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_C_COMPILER="$c_compiler" \
+  -DCMAKE_C_FLAGS="$flags" >/dev/null
 cmake --build "$scratch/with-cmake" >/dev/null
-expect_curves "$scratch/with-cmake/host"
+expect "$scratch/with-cmake/host" '^curve #'
+expect "$scratch/with-cmake/host_c" '^[1-9][0-9]* results$'
 
 pc=$(find "$prefix" -name drawload.pc)
 plain=$scratch/prefix
@@ -32,7 +39,11 @@ library=$(pkg-config --define-prefix --variable=libdir drawload)
 # shellcheck disable=SC2046,SC2086
 "$compiler" -std=c++17 $flags "$source/examples/host/host.cpp" \
   $(pkg-config --define-prefix --cflags --libs drawload) -Wl,-rpath,"$library" -o "$scratch/host"
-expect_curves "$scratch/host"
+expect "$scratch/host" '^curve #'
+# shellcheck disable=SC2046,SC2086
+"$c_compiler" -std=c99 $flags "$source/examples/host/host.c" \
+  $(pkg-config --define-prefix --cflags --libs drawload) -Wl,-rpath,"$library" -o "$scratch/host_c"
+expect "$scratch/host_c" '^[1-9][0-9]* results$'
 
 "$plain/bin/drawload" info "$drawing" >/dev/null
-echo "both host programs and the installed program read $drawing"
+echo "the host programs and the installed program read $drawing"

@@ -8,8 +8,8 @@ namespace platform {
 /// The string class of `CFileGroup::name`: the one place that decides it.
 using StringClass = std::string;
 
-/// Handle of a moveable memory block. On this platform it is the address of the block itself, so that a
-/// caller may read the block without locking it first.
+/// Handle of a moveable memory block. On Linux it is the address of the block itself, so that a caller may
+/// read the block without locking it first. On Windows it is an HGLOBAL: `GlobalLock` gives the address.
 using GlobalHandle = void*;
 
 }  // namespace platform

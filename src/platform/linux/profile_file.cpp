@@ -1,5 +1,6 @@
 #include "platform/profile_file.h"
 
+#include <unordered_map>
 #include <unordered_set>
 
 #include "support/file_bytes.h"
@@ -43,11 +44,24 @@ std::string_view TakeLine(std::string_view& text) {
 
 }  // namespace
 
-ProfileFile::ProfileFile(const std::string& path) {
-  if (const auto file = support::FileBytes::Read(path)) Parse(file->View());
-}
+class ProfileFile::Contents {
+ public:
+  explicit Contents(const std::string& path) {
+    if (const auto file = support::FileBytes::Read(path)) Parse(file->View());
+  }
 
-void ProfileFile::Parse(std::string_view text) {
+  std::string Value(std::string_view section, std::string_view key) const {
+    const auto found = values.find(IndexKey(section, key));
+    return found == values.end() ? std::string() : found->second;
+  }
+
+ private:
+  void Parse(std::string_view text);
+
+  std::unordered_map<std::string, std::string> values;  ///< by section, NUL, key, all in lower case
+};
+
+void ProfileFile::Contents::Parse(std::string_view text) {
   // Editors put the mark of UTF-8 in front of the first line.
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   std::unordered_set<std::string> sections;
@@ -68,9 +82,12 @@ void ProfileFile::Parse(std::string_view text) {
   }
 }
 
-std::string_view ProfileFile::Value(std::string_view section, std::string_view key) const {
-  const auto found = values.find(IndexKey(section, key));
-  return found == values.end() ? std::string_view() : std::string_view(found->second);
+ProfileFile::ProfileFile(const std::string& path) : contents(std::make_unique<Contents>(path)) {}
+
+ProfileFile::~ProfileFile() = default;
+
+std::string ProfileFile::Value(std::string_view section, std::string_view key) const {
+  return contents->Value(section, key);
 }
 
 }  // namespace platform

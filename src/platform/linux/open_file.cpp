@@ -1,0 +1,41 @@
+#include "support/open_file.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace support {
+
+// Opening without waiting, so that a pipe without a writer answers at once.
+OpenFile::OpenFile(const std::string& path)
+    : descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
+
+OpenFile::~OpenFile() {
+  if (descriptor >= 0) close(descriptor);
+}
+
+std::optional<std::size_t> OpenFile::RegularSize() const {
+  struct stat status = {};
+  if (descriptor < 0 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  return static_cast<std::size_t>(status.st_size);
+}
+
+std::optional<std::size_t> OpenFile::ReadInto(char* buffer, std::size_t room) const {
+  std::size_t filled = 0;
+  while (filled < room) {
+    const ssize_t got = read(descriptor, buffer + filled, room - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return std::nullopt;
+    if (got == 0) break;
+    filled += static_cast<std::size_t>(got);
+  }
+  return filled;
+}
+
+// The mode says that nothing is written to the bytes.
+std::FILE* StreamOver(std::string_view bytes) {
+  return fmemopen(const_cast<char*>(bytes.data()), bytes.size(), "rb");
+}
+
+}  // namespace support
