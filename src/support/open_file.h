@@ -22,7 +22,8 @@ class OpenFile {
   /// Size of a regular file; nothing for anything else.
   std::optional<std::size_t> RegularSize() const;
 
-  /// Fills `buffer` from the start of the file; returns how many bytes there were, nothing where reading fails.
+  /// Fills `buffer` from the start of the file; returns how many bytes there were, nothing where reading
+  /// fails.
   std::optional<std::size_t> ReadInto(char* buffer, std::size_t room) const;
 
  private:

@@ -1,4 +1,5 @@
-// Uses every operation that the library wants of an operating system, so that a link fails where one is missing.
+// Uses every operation that the library wants of an operating system, so that a link fails where one is
+// missing.
 #include <cstdio>
 
 #include "platform/global_memory.h"

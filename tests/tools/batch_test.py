@@ -5,6 +5,8 @@ import csv
 import json
 import os
 import pathlib
+import pty
+import re
 import signal
 import subprocess
 import sys
@@ -48,6 +50,60 @@ class BatchTest(unittest.TestCase):
         outputs = sorted(str(p.relative_to(self.out)) for p in self.out.rglob("*.svg"))
         self.assertEqual(outputs, ["a.dxf.svg", "deep/er/B.DXF.svg"])
         self.assertIn(b"a.dxf: ok", done.stdout)
+
+    def test_each_file_has_one_line(self):
+        for name in ("a.dxf", "b.dxf", "c.dxf"):
+            (self.drawings / name).write_text(LINE)
+        lines = self.batch(self.drawings, "--to", "svg", "--jobs", "1").stdout.decode().splitlines()
+        self.assertEqual(len(lines), 4, lines)
+        for name, line in zip(("a.dxf", "b.dxf", "c.dxf"), lines):
+            self.assertTrue(line.endswith(f"{name}: ok"), line)
+        self.assertRegex(lines[3], r"^3 files: 3 ok, 0 not, 0 left; see .*/report\.csv$")
+
+    def test_a_worker_that_dies_takes_nothing_with_it(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "b.dxf").write_text(big_drawing(600_000))
+        (self.drawings / "c.dxf").write_text(LINE)
+        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
+        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as running:
+            deadline = time.monotonic() + 60
+            while not (self.out / "a.dxf.html").exists() and time.monotonic() < deadline:
+                time.sleep(0.01)
+            time.sleep(0.1)
+            children = pathlib.Path(f"/proc/{running.pid}/task/{running.pid}/children").read_text().split()
+            self.assertEqual(len(children), 1)
+            os.kill(int(children[0]), signal.SIGKILL)
+            running.communicate(timeout=60)
+        self.assertEqual(running.returncode, 1)
+        statuses = {name: row["status"] for name, row in self.rows().items()}
+        self.assertEqual(statuses, {"a.dxf": "ok", "b.dxf": "crashed", "c.dxf": "ok"})
+        self.assertIn("Killed", self.rows()["b.dxf"]["message"])
+        self.assertEqual([name for name in os.listdir(self.out) if "unfinished" in name], [])
+
+    def test_a_terminal_shows_a_bar_with_rate_and_remaining_time(self):
+        for number in range(4):
+            (self.drawings / f"{number}.dxf").write_text(LINE)
+        (self.drawings / "broken.dxf").write_text("nothing")
+        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "svg", "--jobs", "1"]
+        master, terminal = pty.openpty()
+        with subprocess.Popen(command, stdout=terminal, stderr=subprocess.PIPE) as running:
+            os.close(terminal)
+            text = b""
+            while True:
+                try:
+                    piece = os.read(master, 4096)
+                except OSError:  # the terminal's other end is closed
+                    break
+                if not piece:
+                    break
+                text += piece
+            running.communicate(timeout=60)
+        os.close(master)
+        bars = re.findall(r"\r\[(#*) *\] (\d) of 5, [\d.]+ a second, \d+ s left", text.decode())
+        self.assertEqual([int(done) for _, done in bars], [1, 2, 3, 4, 5])
+        self.assertEqual([len(bar) for bar, _ in bars], [6, 12, 18, 24, 30])
+        self.assertRegex(text.decode(), r"broken\.dxf: empty: ")  # what is not ok stays on the screen
+        self.assertNotRegex(text.decode(), r"0\.dxf: ok")
 
     def test_the_report_has_a_row_for_each_file(self):
         (self.drawings / "good, really.dxf").write_text(LINE)

@@ -48,6 +48,32 @@ class ProgramTest(unittest.TestCase):
         red = float(re.search(r"color +#ff0000 ([\d.]+) mm", text).group(1))
         self.assertAlmostEqual(red, 20 * math.pi, delta=0.03)
 
+    def test_info_tells_pixels_millimetres_and_density_of_a_bitmap(self):
+        text = run("info", EXAMPLES / "nameplate.svg").stdout.decode()
+        self.assertRegex(text, r"results +29: 28 curves, 1 bitmap\n")
+        # 120 pixels over 28 mm: 120 * 25.4 / 28 = 108.9 an inch
+        self.assertIn("bitmap     120 x 120 pixels, 28.000 x 28.000 mm, 109 x 109 dpi\n", text)
+        self.assertRegex(text, r"group +#000000, 1 bitmap\n(.*\n){2} +imageType 1, Reverse 1\n")
+
+    def test_info_gives_groups_of_equal_settings_with_their_lengths(self):
+        drawing = self.here / "groups.svg"
+        drawing.write_text(
+            '<svg width="90mm" viewBox="0 0 90 90"><path stroke="red" d="M0 0L10 0"/><path stroke="red" d="M0 0L0 20"/>'
+            '<path stroke="red" cutSpeed="7" d="M0 0L40 0"/><path stroke="blue" d="M0 0L0 80"/></svg>'
+        )
+        text = run("info", drawing).stdout.decode()
+        groups = re.findall(r"group +(#\w+), (\d) curves?, ([\d.]+) mm\n +processType 0, cutSpeed (\d+)", text)
+        self.assertEqual(groups, [("#ff0000", "2", "30.000", "100"), ("#ff0000", "1", "40.000", "7"), ("#0000ff", "1", "80.000", "100")])
+
+    def test_info_of_several_files_ends_in_a_table_with_a_row_for_each(self):
+        text = run("info", self.drawing, self.here / "missing.dxf", EXAMPLES / "nameplate.svg").stdout.decode()
+        table = text.split("\n\n")[-1].splitlines()
+        self.assertEqual(table[0].split()[:6], ["format", "results", "curves", "lines", "cubics", "bitmaps"])
+        self.assertEqual(len(table), 3)
+        self.assertRegex(table[1], r"^DXF +2 +2 +1 +4 +0 +60\.\d\d x 30\.\d\d +92\.\d\d +[\d.]+  .*/a drawing\.dxf$")
+        self.assertRegex(table[2], r"^SVG +29 +28 .*/nameplate\.svg$")
+        self.assertNotIn("travel mm", run("info", self.drawing).stdout.decode())
+
     def test_convert_writes_millimetres_true_to_scale_with_y_up(self):
         out = self.here / "out.svg"
         self.assertEqual(run("convert", self.drawing, "-o", out).returncode, 0)

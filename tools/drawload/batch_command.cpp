@@ -22,14 +22,15 @@ namespace fs = std::filesystem;
 volatile sig_atomic_t interrupted = 0;
 
 /// Reads one drawing and writes its output: what a worker does.
-WorkReport ConvertOne(const std::string& input, const std::string& output, OutputFormat format) {
+WorkReport ConvertOne(const std::string& input, const std::string& output, OutputFormat format,
+                      bool replace) {
   const Job job = LoadJob(input, LibraryNotes::kHidden);
   if (job.results.empty()) {
     return {IsReadableFile(input) ? FileStatus::kEmpty : FileStatus::kFailed, 0, WhyNothingRead(input)};
   }
-  fs::create_directories(fs::path(output).parent_path());
+  MakeFolder(fs::path(output).parent_path().string());
   const Conversion conversion = ConvertJob(job, format, {});
-  WriteOutputFile(output, conversion.bytes, true);
+  WriteOutputFile(output, conversion.bytes, replace);
   std::string message;
   for (const std::string& warning : conversion.warnings) message += (message.empty() ? "" : "; ") + warning;
   return {FileStatus::kOk, job.results.size(), message};
@@ -42,11 +43,22 @@ class Progress {
 
   void Note(const BatchRow& row) {
     ++done;
-    if (!onTerminal) {
-      std::printf("%s: %s%s%s\n", row.input.c_str(), NameOf(row.outcome.status),
-                  row.outcome.message.empty() ? "" : ": ", row.outcome.message.c_str());
-      return;
+    const bool isOk = row.outcome.status == FileStatus::kOk && row.outcome.message.empty();
+    if (!onTerminal || !isOk) {
+      std::printf("%s%s: %s%s%s%s\n", onTerminal ? "\r" : "", Shown(row.input).c_str(),
+                  NameOf(row.outcome.status), row.outcome.message.empty() ? "" : ": ",
+                  row.outcome.message.c_str(), onTerminal ? "\033[K" : "");
     }
+    if (onTerminal) DrawBar();
+    std::fflush(stdout);  // a worker that starts with text in the buffer would write it again
+  }
+
+  void Break() const {
+    if (onTerminal && done > 0 && done < total) std::printf("\n");
+  }
+
+ private:
+  void DrawBar() const {
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
     const double rate = static_cast<double>(done) / std::max(seconds, 1e-3);
     const double remaining = static_cast<double>(total - done) / rate;
@@ -56,14 +68,8 @@ class Progress {
                 "##############################", static_cast<int>(kBar - filled), "", done, total, rate,
                 remaining);
     if (done == total) std::printf("\n");
-    std::fflush(stdout);
   }
 
-  void Break() const {
-    if (onTerminal && done > 0 && done < total) std::printf("\n");
-  }
-
- private:
   std::size_t total;
   std::size_t done = 0;
   bool onTerminal = isatty(STDOUT_FILENO) != 0;
@@ -127,8 +133,9 @@ void Batch::Start(std::size_t index) {
   const std::string input = inputs[index].path;
   const std::string output = OutputPath(index);
   const OutputFormat to = format;
-  running.push_back(
-      {index, std::make_unique<Worker>([=] { return ConvertOne(input, output, to); }, options.timeout)});
+  const bool replace = options.replace;
+  running.push_back({index, std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace); },
+                                                     options.timeout)});
 }
 
 void Batch::CleanBehind(const Running& slot) const {
@@ -180,7 +187,7 @@ void Batch::Report() const {
                                 [](const BatchRow& row) { return row.outcome.status == FileStatus::kOk; });
   std::printf("%zu files: %zu ok, %zu not, %zu left; see %s/report.csv\n", inputs.size(),
               static_cast<std::size_t>(ok), done.size() - static_cast<std::size_t>(ok),
-              inputs.size() - done.size(), options.outputFolder.c_str());
+              inputs.size() - done.size(), Shown(options.outputFolder).c_str());
 }
 
 bool Batch::AllOk() const {
@@ -195,11 +202,11 @@ bool Batch::AllOk() const {
 int RunBatch(const BatchOptions& options) {
   const std::optional<OutputFormat> format = FormatOfExtension(options.extension);
   if (!format) {
-    Complain("cannot write '" + options.extension + "': --to takes svg, png, html or json");
+    Complain("cannot write '" + Shown(options.extension) + "': --to takes svg, png, html or json");
     return kWrongUsage;
   }
   try {
-    fs::create_directories(options.outputFolder);
+    MakeFolder(options.outputFolder);
     Batch batch(options, *format);
     if (batch.IsEmpty()) {
       Complain("no DXF, SVG or PDF file in what was named");

@@ -48,6 +48,7 @@ struct BatchOptions {
   std::string extension;  ///< without a dot
   std::size_t jobs = 1;
   double timeout = 60.0;  ///< seconds a file
+  bool replace = false;
   bool resume = false;
 };
 

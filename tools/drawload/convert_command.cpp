@@ -1,7 +1,8 @@
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <stdexcept>
+#include <unistd.h>
 
 #include "commands.h"
 #include "conversion.h"
@@ -18,7 +19,7 @@ std::optional<Job> LoadOrComplain(const std::string& input, LibraryNotes notes) 
     return std::nullopt;
   }
   if (job.dropped > 0) {
-    Complain("warning: '" + input + "': " + std::to_string(job.dropped) +
+    Complain("warning: '" + Shown(input) + "': " + std::to_string(job.dropped) +
              " results with coordinates that are not finite are left out");
   }
   return job;
@@ -29,7 +30,7 @@ std::optional<Job> LoadOrComplain(const std::string& input, LibraryNotes notes) 
 int RunConvert(const ConvertOptions& options) {
   const std::optional<OutputFormat> format = FormatOfName(options.output);
   if (!format) {
-    Complain("cannot tell the format of '" + options.output +
+    Complain("cannot tell the format of '" + Shown(options.output) +
              "': end its name in .svg, .png, .html or .json");
     return kWrongUsage;
   }
@@ -39,7 +40,7 @@ int RunConvert(const ConvertOptions& options) {
     const Conversion conversion = ConvertJob(*job, *format, options.pictureSize);
     WriteOutputFile(options.output, conversion.bytes, options.replace);
     for (const std::string& warning : conversion.warnings)
-      Complain("warning: '" + options.output + "': " + warning);
+      Complain("warning: '" + Shown(options.output) + "': " + warning);
   } catch (const std::runtime_error& error) {
     Complain(error.what());
     return kNothingRead;
@@ -51,9 +52,12 @@ int RunView(const ViewOptions& options) {
   const std::optional<Job> job = LoadOrComplain(options.input, options.notes);
   if (!job) return kNothingRead;
   // The browser reads the page after this program has ended, so the folder stays; it is the user's alone.
-  std::string folder = (std::filesystem::temp_directory_path() / "drawload-XXXXXX").string();
+  const char* chosen = std::getenv("TMPDIR");
+  std::string folder =
+      std::string(chosen != nullptr && *chosen != '\0' ? chosen : "/tmp") + "/drawload-XXXXXX";
   if (mkdtemp(folder.data()) == nullptr) {
-    Complain("cannot make a temporary folder '" + folder + "'");
+    Complain("cannot make the temporary folder '" + Shown(folder) + "': " + WhyNotWritten(errno) +
+             "; TMPDIR names the folder that is used");
     return kNothingRead;
   }
   const std::string page = folder + "/view.html";
@@ -61,13 +65,14 @@ int RunView(const ViewOptions& options) {
     WriteOutputFile(page, ConvertJob(*job, OutputFormat::kHtml, {}).bytes, false);
   } catch (const std::runtime_error& error) {
     Complain(error.what());
+    rmdir(folder.c_str());
     return kNothingRead;
   }
   std::printf("%s\n", page.c_str());
   std::fflush(stdout);
-  // The folder's name holds nothing that a shell would take for more than a name, unless TMPDIR does.
+  // Through the environment, so that the shell takes the name as it is.
   setenv("DRAWLOAD_PAGE", page.c_str(), 1);
   if (std::system("xdg-open \"$DRAWLOAD_PAGE\"") == 0) return kDone;
-  Complain("xdg-open did not open '" + page + "'; open it in a browser");
+  Complain("xdg-open did not open '" + Shown(page) + "'; open that file in a browser");
   return kNothingRead;
 }

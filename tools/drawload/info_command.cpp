@@ -15,14 +15,14 @@ int RunInfo(const InfoOptions& options) {
       status = kNothingRead;
       if (!options.json) continue;
     }
-    const Summary summary = Summarize(job);
-    if (options.json) {
-      summaries.push_back(summary);
-    } else {
-      std::fputs(SummaryText(summary).c_str(), stdout);
-    }
+    summaries.push_back(Summarize(job));
+    if (!options.json) std::fputs(SummaryText(summaries.back()).c_str(), stdout);
   }
-  if (options.json) std::fputs(SummariesJson(summaries).c_str(), stdout);
+  if (options.json) {
+    std::fputs(SummariesJson(summaries).c_str(), stdout);
+  } else if (summaries.size() > 1) {
+    std::fputs(OverviewText(summaries).c_str(), stdout);
+  }
   if (std::fflush(stdout) == 0) return status;
   Complain("cannot write to standard output");
   return kNothingRead;

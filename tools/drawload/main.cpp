@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cairo.h>
+#include <csignal>
 #include <nlohmann/json_fwd.hpp>
 #include <png.h>
 #include <string>
@@ -40,6 +41,7 @@ std::string Versions() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error to tell of, not a reason to die
   CLI::App app(kDescription, "drawload");
   app.footer(kExamples);
   app.set_version_flag("--version", Versions());
@@ -82,6 +84,7 @@ int main(int argc, char** argv) {
       ->check(CLI::Range(1, 1024));
   batchCommand->add_option("--timeout", batch.timeout, "Seconds that one file may take (60)")
       ->check(CLI::Range(0.001, 1e6));
+  batchCommand->add_flag("-f,--force", batch.replace, "Replace outputs that exist");
   batchCommand->add_flag("--resume", batch.resume, "Go on with what the report in the output folder leaves");
 
   try {

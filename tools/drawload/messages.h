@@ -6,10 +6,19 @@
 /// Prints "drawload: `text`" on standard error.
 void Complain(const std::string& text);
 
+/// `path` as one line of printable text: control characters, and bytes that are not UTF-8, as \n or \xE9.
+std::string Shown(const std::string& path);
+
+/// "DXF", "SVG" or "PDF", by which the library reads `path`; empty where it reads it by none of them.
+std::string FormatOf(const std::string& path);
+
 /// Whether `path` is a regular file that this user may read.
 bool IsReadableFile(const std::string& path);
 
 /// Why nothing could be read from the file at `path`, and what to do, for a person.
 std::string WhyNothingRead(const std::string& path);
+
+/// What went wrong while something was written, by its error number, and what to do.
+std::string WhyNotWritten(int error);
 
 #endif

@@ -12,8 +12,12 @@ class OutputError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// The name under which process `process` writes `path` until the file is whole.
+/// The name under which process `process` writes `path` until the file is whole. It lies in the same folder,
+/// and is short, so that an output may have the longest name that there is.
 std::string UnfinishedName(const std::string& path, pid_t process);
+
+/// Makes the folder at `path` and those above it, where they are missing. Throws OutputError.
+void MakeFolder(const std::string& path);
 
 /// Writes `bytes` to `path` under its unfinished name, beside it, and renames it at the end, so that no
 /// half-written file ever stands there. An existing file is replaced only where `replace` is set.

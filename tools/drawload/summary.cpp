@@ -1,18 +1,12 @@
 #include "summary.h"
 
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <tuple>
 
-namespace {
+#include "messages.h"
 
-std::string FormatOf(const std::string& path) {
-  const std::size_t dot = path.rfind('.');
-  std::string extension = dot == std::string::npos ? path : path.substr(dot + 1);
-  for (char& c : extension) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return extension == "DXF" || extension == "SVG" || extension == "PDF" ? extension : "";
-}
+namespace {
 
 double DotsPerInch(std::uint32_t pixels, double millimetres) {
   return millimetres > 0.0 ? pixels * 25.4 / millimetres : 0.0;
@@ -83,15 +77,30 @@ double Micrometres(double value) {
   return rounded == 0.0 ? 0.0 : rounded;
 }
 
+/// "1 curve", "2 curves".
+std::string Counted(std::size_t count, const std::string& thing) {
+  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
 std::string BitmapLine(const BitmapFacts& bitmap) {
   return Line("  bitmap     %u x %u pixels, %.3f x %.3f mm, %.0f x %.0f dpi", bitmap.width, bitmap.height,
               bitmap.placedWidth, bitmap.placedHeight, bitmap.dpiX, bitmap.dpiY);
 }
 
+/// What a group holds: "3 curves, 285.245 mm", "1 bitmap", or both.
+std::string ContentText(const SettingsGroup& group) {
+  std::string text;
+  if (group.curves > 0) {
+    text = Counted(group.curves, "curve") + Line(", %.3f mm", group.cutLength);
+    text.pop_back();
+  }
+  if (group.bitmaps == 0) return text;
+  return (text.empty() ? "" : text + ", ") + Counted(group.bitmaps, "bitmap");
+}
+
 std::string GroupText(const SettingsGroup& group) {
   const Settings& s = group.settings;
-  std::string text = Line("  group      #%06x, %zu curves, %zu bitmaps, %.3f mm", group.color, group.curves,
-                          group.bitmaps, group.cutLength);
+  std::string text = Line("  group      #%06x, %s", group.color, ContentText(group).c_str());
   text +=
       Line("             processType %d, cutSpeed %g, cutPower %g, engraveSpeed %g, EngMinP %g, EngMaxP %g,",
            s.processType, s.cutSpeed, s.cutPower, s.engraveSpeed, s.engMinPower, s.engMaxPower);
@@ -119,9 +128,9 @@ Summary Summarize(const Job& job) {
 }
 
 std::string SummaryText(const Summary& summary) {
-  std::string text = summary.path + ": " + summary.format + "\n";
-  text += Line("  results    %zu: %zu curves, %zu bitmaps", summary.results, summary.curves,
-               summary.bitmaps.size());
+  std::string text = Shown(summary.path) + ": " + summary.format + "\n";
+  text += "  results    " + std::to_string(summary.results) + ": " + Counted(summary.curves, "curve") + ", " +
+          Counted(summary.bitmaps.size(), "bitmap") + "\n";
   text += Line("  segments   %zu lines, %zu cubic curves", summary.lines, summary.cubics);
   if (!summary.bounds.IsEmpty()) {
     text += Line("  bounds     (%.3f, %.3f) to (%.3f, %.3f) mm, size %.3f x %.3f mm",
@@ -136,6 +145,20 @@ std::string SummaryText(const Summary& summary) {
   for (const SettingsGroup& group : summary.groups) text += GroupText(group);
   if (summary.dropped > 0) {
     text += Line("  left out   %zu results with coordinates that are not finite", summary.dropped);
+  }
+  return text;
+}
+
+std::string OverviewText(const std::vector<Summary>& summaries) {
+  std::string text = "\n";
+  text += Line("%-6s %8s %8s %8s %8s %7s %21s %12s %12s  %s", "format", "results", "curves", "lines",
+               "cubics", "bitmaps", "size mm", "cut mm", "travel mm", "file");
+  for (const Summary& s : summaries) {
+    std::string size = s.bounds.IsEmpty() ? "\n" : Line("%.2f x %.2f", s.bounds.Width(), s.bounds.Height());
+    size.pop_back();
+    text += Line("%-6s %8zu %8zu %8zu %8zu %7zu %21s %12.2f %12.2f  %s", s.format.c_str(), s.results,
+                 s.curves, s.lines, s.cubics, s.bitmaps.size(), size.c_str(), s.cutLength, s.travelLength,
+                 Shown(s.path).c_str());
   }
   return text;
 }

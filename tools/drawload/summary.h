@@ -49,4 +49,7 @@ Summary Summarize(const Job& job);
 /// The summary as text for a person to read.
 std::string SummaryText(const Summary& summary);
 
+/// A table with one row for each summary.
+std::string OverviewText(const std::vector<Summary>& summaries);
+
 #endif

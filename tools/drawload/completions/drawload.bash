@@ -15,7 +15,7 @@ _drawload() {
   info) options="--json --help" ;;
   convert) options="--output --force --dpi --width --help" ;;
   view) options="--help" ;;
-  batch) options="--out --to --jobs --timeout --resume --help" ;;
+  batch) options="--out --to --jobs --timeout --resume --force --help" ;;
   esac
   case $before in
   --to)

@@ -11,6 +11,7 @@ complete -c drawload -n '__fish_seen_subcommand_from convert' -s o -l output -r 
 complete -c drawload -n '__fish_seen_subcommand_from convert' -s f -l force -d 'Replace the output'
 complete -c drawload -n '__fish_seen_subcommand_from convert' -l dpi -x -d 'Pixels an inch of a PNG'
 complete -c drawload -n '__fish_seen_subcommand_from convert' -l width -x -d 'Width of a PNG in pixels'
+complete -c drawload -n '__fish_seen_subcommand_from batch' -s f -l force -d 'Replace outputs'
 complete -c drawload -n '__fish_seen_subcommand_from batch' -l out -r -d 'Folder for the outputs'
 complete -c drawload -n '__fish_seen_subcommand_from batch' -l to -x -a 'svg png html json' -d 'Format'
 complete -c drawload -n '__fish_seen_subcommand_from batch' -l jobs -x -d 'Files at a time'
