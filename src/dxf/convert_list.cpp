@@ -108,7 +108,7 @@ void DXF_RW::convertInsert(const DXF_Insert& record, PARSE::Context context) {
 }
 
 bool DXF_RW::mayConvert(const DXF_Entity& record) const {
-  return conversion->blockDepth == 0 || conversion->budget.Pay(record);
+  return conversion->blockDepth == 0 || conversion->budget.Pay(record, conversion->blockDepth);
 }
 
 void DXF_RW::convertRecords(Records records, PARSE::Context context) {

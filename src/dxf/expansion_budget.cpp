@@ -1,5 +1,6 @@
 #include "dxf/expansion_budget.h"
 
+#include <algorithm>
 #include <variant>
 
 #include "dxf/dxf_annotations.h"
@@ -10,6 +11,23 @@
 
 namespace {
 
+/// A quarter turn that an arc may have counts as a point.
+constexpr std::size_t kQuarterTurns = 4;
+
+std::size_t PointsOfVertex(double bulge) { return bulge == 0.0 ? 1 : 1 + kQuarterTurns; }
+
+std::size_t PointsOf(const DXF_Polyline& record) {
+  std::size_t points = 0;
+  for (const auto& vertex : record.vertices) points += PointsOfVertex(vertex->bulge);
+  return points;
+}
+
+std::size_t PointsOf(const std::vector<DXF_Vertex2D>& vertices) {
+  std::size_t points = 0;
+  for (const DXF_Vertex2D& vertex : vertices) points += PointsOfVertex(vertex.bulge);
+  return points;
+}
+
 std::size_t PointsOf(const DXF_Spline& record) {
   return record.knots.size() + record.controlPoints.size() + record.weights.size() + record.fitPoints.size();
 }
@@ -19,7 +37,7 @@ std::size_t PointsOf(const DXF_HatchEdge& edge) {
     return 4 + PointsOf(**spline);
   }
   if (const auto* polyline = std::get_if<std::shared_ptr<const DXF_HatchLWPolyline>>(&edge.record)) {
-    return 4 + (*polyline)->vertices.size();
+    return 4 + PointsOf((*polyline)->vertices);
   }
   return 4;
 }
@@ -63,8 +81,11 @@ const Record& As(const DXF_Entity& record) {
 
 std::size_t PointsOf(const DXF_Entity& record) {
   switch (record.kind) {
-    case kDxfPolyline: return As<DXF_Polyline>(record).vertices.size();
-    case kDxfLWPolyline: return As<DXF_LWPolyline>(record).vertices.size();
+    case kDxfPolyline: return PointsOf(As<DXF_Polyline>(record));
+    case kDxfLWPolyline: return PointsOf(As<DXF_LWPolyline>(record).vertices);
+    case kDxfCircle:
+    case kDxfEllipse:
+    case kDxfArc: return kQuarterTurns;
     case kDxfSpline: return PointsOf(As<DXF_Spline>(record));
     case kDxfHelix: return PointsOf(As<DXF_Helix>(record).spline);
     case kDxfText:
@@ -105,8 +126,9 @@ void DXF_ExpansionBudget::Close() {
   account = 0;
 }
 
-bool DXF_ExpansionBudget::Pay(const DXF_Entity& record) {
-  const std::size_t price = UnitsOf(record);
+bool DXF_ExpansionBudget::Pay(const DXF_Entity& record, int depth) {
+  const int beyond = std::max(0, depth - support::limits::kInsertUsualDepth);
+  const std::size_t price = UnitsOf(record) * (1 + static_cast<std::size_t>(beyond));
   if (price > account) {
     account = 0;
     return false;

@@ -15,8 +15,9 @@ class DXF_ExpansionBudget {
   void Open(const DXF_Document& document);
   /// What the account still holds goes back.
   void Close();
-  /// Pays for one entity of a block; false where the account does not suffice, and then for the rest of it.
-  bool Pay(const DXF_Entity& record);
+  /// Pays for one entity of a block that `depth` blocks are open around; deep ones cost more. False where the
+  /// account does not suffice, and then for the rest of it.
+  bool Pay(const DXF_Entity& record, int depth);
 
  private:
   std::optional<std::size_t> left;  ///< counted when the first account opens

@@ -99,6 +99,9 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   /// One curve of the Bezier sections of `points`, four points each; false where there are none.
   bool AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector<Entity_ZR::Point3>& points);
 
+  /// Whether an arc between these angles may still be drawn; takes its turns from what the file has left.
+  bool TakeTurns(double startAngle, double endAngle);
+
   void AddHatchEdge(const Entity_ZR::HatchEdge& edge);
 
   /// True while curves of paths wait in `textGroup`, not in `pathGroup`, when no frame is open.
@@ -123,6 +126,8 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   std::unique_ptr<fonts::ParseFonts> parseFonts;  ///< made for the first text, gone with the end of the file
   std::size_t glyphSegments = 0;                  ///< of all texts so far
   std::size_t bitmapBytes = 0;                    ///< of all bitmaps so far
+
+  double arcTurnsLeft = support::limits::kFileArcTurns;
 
   /// What is left for splitting the intervals of this drawing's rational splines.
   std::uint64_t splineSplitWork = support::limits::kDrawingSplitWork;

@@ -1,4 +1,5 @@
 // Lines, circles, ellipses and arcs: one curve each.
+#include <cmath>
 #include <numbers>
 #include <vector>
 
@@ -43,6 +44,15 @@ bool CMyDrawLoad::AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector
   return true;
 }
 
+bool CMyDrawLoad::TakeTurns(double startAngle, double endAngle) {
+  constexpr double usualTurns = 2.0;
+  const double turns = std::fabs(endAngle - startAngle) / (2.0 * std::numbers::pi);
+  if (!(turns > usualTurns)) return true;
+  if (turns > support::limits::kArcTurns || turns > arcTurnsLeft) return false;
+  arcTurnsLeft -= turns;
+  return true;
+}
+
 bool CMyDrawLoad::AddLine(Entity_ZR::ZR_Line* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
   CFileCurve* curve = NewShapeCurve(*entity);
@@ -59,7 +69,7 @@ bool CMyDrawLoad::AddCircle(Entity_ZR::ZR_Circle* entity, PARSE::Context) {
 }
 
 bool CMyDrawLoad::AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context) {
-  if (!entity->IsShown()) return false;
+  if (!entity->IsShown() || !TakeTurns(entity->startAngle, entity->endAngle)) return false;
   return AddShape(*entity,
                   ArcToBezier(entity->reversed != 0, entity->center, entity->radiusY, entity->rotation,
                               entity->startAngle, entity->endAngle, entity->radiusX));
@@ -67,7 +77,7 @@ bool CMyDrawLoad::AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context) {
 
 // Kept: an arc takes neither its own matrix nor any processing block, unlike all other shapes.
 bool CMyDrawLoad::AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context) {
-  if (!entity->IsShown()) return false;
+  if (!entity->IsShown() || !TakeTurns(entity->startAngle, entity->endAngle)) return false;
   const std::vector<Point3> points = ArcToBezier(entity->reversed != 0, entity->center, entity->radius, 0.0,
                                                  entity->startAngle, entity->endAngle, entity->radius);
   if (points.empty()) return false;

@@ -25,10 +25,16 @@ constexpr int kDxfTextRedecodings = 16;
 constexpr int kDxfEntryRepeats = 16;
 
 /// Entities that the expansion of DXF blocks may make, in units: four for an entity and one for each of its
-/// points. A small file of blocks in blocks can ask for any number; this base is two million lines, and each
-/// unit that the file itself holds adds to it. One outermost reference takes at most half of what is left.
+/// points and quarter turns. A small file of blocks in blocks can ask for any number; this base is two
+/// million lines or a million circles, and each unit that the file itself holds adds to it. One outermost
+/// reference takes at most half of what is left.
 constexpr std::size_t kExpansionBase = 8'000'000;
 constexpr std::size_t kExpansionPerUnit = 16;
+
+/// Nesting of block references up to which an entity has its plain price; each level beyond adds the price
+/// once more. Real drawings stay within it; blocks that insert themselves have nearly all of theirs far
+/// deeper.
+constexpr int kInsertUsualDepth = 4;
 
 /// Dashes of a DXF line type that are passed on. Programs write twelve at most; every entity gets a copy.
 constexpr std::size_t kLineTypeDashes = 1000;
@@ -71,6 +77,10 @@ constexpr std::size_t kJpegTableSegments = 400;
 /// Whole turns between the two angles of an arc. Each quarter turn becomes a segment, so a file of a few
 /// bytes could ask for endless ones; real arcs stay within one turn.
 constexpr int kArcTurns = 1000;
+
+/// Whole turns of all arcs of a file that go round more than twice. A hundred of such arcs at the bound above
+/// stay within it; a megabyte of them would become gigabytes of segments.
+constexpr double kFileArcTurns = 100'000;
 
 /// Size of an arc's angle, in radians. Beyond it a 64-bit float is too coarse to say a direction, and a
 /// quarter turn added to it may change nothing.

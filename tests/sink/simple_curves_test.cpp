@@ -232,6 +232,20 @@ TEST(AddArc, DrawsFromStartToEnd) {
   EXPECT_EQ(Curves(sink)[0]->color, 0x010203u);
 }
 
+TEST(AddArc, DrawsArcsOfManyTurnsUntilTheFileHasHadItsShare) {
+  CMyDrawLoad sink;
+  ZR_Arc round = QuarterArc();
+  round.endAngle = 999.5 * 2.0 * kPi;
+  for (int i = 0; i < 200; ++i) sink.AddArc(&round, 0);
+  ZR_Ellipse flat = HalfEllipse(2, 1);
+  flat.endAngle = round.endAngle;
+  EXPECT_FALSE(sink.AddEllipse(&flat, 0));
+  ZR_Arc twice = QuarterArc();
+  twice.endAngle = 4.0 * kPi;
+  EXPECT_TRUE(sink.AddArc(&twice, 0));
+  EXPECT_EQ(Curves(sink).size(), 101u);  // 100 of them stay within 100,000 turns
+}
+
 TEST(AddArc, PassesItsOwnMatrixOver) {
   CMyDrawLoad sink;
   ZR_Arc arc = QuarterArc();
