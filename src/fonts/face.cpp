@@ -1,5 +1,7 @@
 #include "fonts/face.h"
 
+#include "fonts/font_memory.h"
+
 namespace fonts {
 namespace {
 
@@ -79,7 +81,9 @@ Glyph Face::Load(FT_UInt index, const GlyphPlacement& placement) {
   FT_Vector delta = placement.delta;
   FT_Set_Transform(face.get(), &matrix, &delta);
   Glyph glyph;
-  if (FT_Load_Glyph(face.get(), index, FT_LOAD_NO_BITMAP) != 0) return glyph;
+  const FT_Error error = FT_Load_Glyph(face.get(), index, FT_LOAD_NO_BITMAP);
+  FontMemory::ThrowIfExhausted(*face);
+  if (error != 0) return glyph;
   const FT_GlyphSlot slot = face->glyph;
   const FT_Outline& outline = slot->outline;
   glyph.isLoaded = true;

@@ -1,21 +1,28 @@
 #include "fonts/face_cache.h"
 
+#include <new>
+
 #include "support/limits.h"
 
 namespace fonts {
 
 FaceCache::FaceCache() {
   FT_Library opened = nullptr;
-  if (FT_Init_FreeType(&opened) == 0) library.reset(opened);
+  if (FT_New_Library(memory.Allocator(), &opened) != 0) throw std::bad_alloc();
+  library.reset(opened);
+  FT_Add_Default_Modules(opened);
+  FT_Set_Default_Properties(opened);
+  memory.ThrowIfExhausted();
 }
 
 Face* FaceCache::FaceOf(const std::string& file, FT_UInt pixelSize) {
-  if (library == nullptr || file.empty()) return nullptr;
+  if (file.empty()) return nullptr;
   const auto known = faces.find({file, pixelSize});
   if (known != faces.end()) return known->second.get();
   DropWhenFull();
-  return faces.emplace(std::pair(file, pixelSize), Face::Open(library.get(), file, pixelSize))
-      .first->second.get();
+  std::unique_ptr<Face> opened = Face::Open(library.get(), file, pixelSize);
+  memory.ThrowIfExhausted();
+  return faces.emplace(std::pair(file, pixelSize), std::move(opened)).first->second.get();
 }
 
 void FaceCache::DropWhenFull() {

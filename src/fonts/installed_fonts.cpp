@@ -2,6 +2,9 @@
 
 #include <cstring>
 #include <fontconfig/fontconfig.h>
+#include <new>
+
+#include "support/spare_memory.h"
 
 namespace fonts {
 namespace {
@@ -24,6 +27,12 @@ OwnedPattern ParseName(const std::string& name) {
   return OwnedPattern(FcNameParse(reinterpret_cast<const FcChar8*>(name.c_str())));
 }
 
+/// Fontconfig leaks and crashes where one of its allocations fails.
+void ThrowWhereMemoryIsShort() {
+  constexpr std::size_t kBytes = std::size_t{16} << 20;
+  if (!support::HasSpareMemory(kBytes)) throw std::bad_alloc();
+}
+
 /// The first value of `object` in `font`, owned by the font; null where it has none.
 const char* TextOf(const FcPattern& font, const char* object) {
   FcChar8* text = nullptr;
@@ -35,11 +44,15 @@ const char* TextOf(const FcPattern& font, const char* object) {
 
 void InstalledFonts::ConfigDeleter::operator()(FcConfig* owned) const { FcConfigDestroy(owned); }
 
-InstalledFonts::InstalledFonts() : config(FcInitLoadConfigAndFonts()) {}
+InstalledFonts::InstalledFonts() {
+  ThrowWhereMemoryIsShort();
+  config.reset(FcInitLoadConfigAndFonts());
+}
 
 StyledFont InstalledFonts::FindStyled(const std::string& name) const {
   const std::size_t hyphen = name.find('-');
   if (config == nullptr || hyphen == name.npos) return {};
+  ThrowWhereMemoryIsShort();
   const OwnedPattern pattern = ParseName(name);
   const OwnedObjectSet objects(FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_LANG, FC_FILE, nullptr));
   if (pattern == nullptr || objects == nullptr) return {};
@@ -59,6 +72,7 @@ StyledFont InstalledFonts::FindStyled(const std::string& name) const {
 
 std::string InstalledFonts::BestMatch(const std::string& name) const {
   if (config == nullptr) return {};
+  ThrowWhereMemoryIsShort();
   const OwnedPattern pattern = ParseName(name);
   if (pattern == nullptr || !FcConfigSubstitute(config.get(), pattern.get(), FcMatchPattern)) return {};
   FcDefaultSubstitute(pattern.get());

@@ -16,7 +16,7 @@ struct StyledFont {
 };
 
 /// The fonts that the system offers, by a Fontconfig configuration of its own: the host program's stays as it
-/// is, and nothing of this one outlives the object.
+/// is, and nothing of this one outlives the object. Everything throws `std::bad_alloc` where memory is short.
 class InstalledFonts {
  public:
   InstalledFonts();

@@ -48,8 +48,13 @@ void ShuffleIt(const std::string& bytes, const Take& take) {
 }
 
 std::string LoadAndWalk(const std::string& drawing) {
-  const std::string dump = result_dump::OfFile(drawing);
+  std::string bytes;
   CFileDraw* object = nullptr;
+  DrawLoad_Z7(drawing.c_str());
+  for (int found = GetFirstData_Z7(&object); found == 1; found = GetNextData_Z7(&object)) {
+    bytes.clear();
+    result_dump::Append(bytes, *object);
+  }
   return GetFirstData_Z7(&object) == 0 ? std::string() : "results are left behind the walk";
 }
 

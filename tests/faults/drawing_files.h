@@ -19,8 +19,8 @@ inline std::string BytesOf(const Path& path) {
 }
 
 inline void WriteBytes(const Path& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary | std::ios::trunc).write(bytes.data(),
-                                                                static_cast<std::streamsize>(bytes.size()));
+  std::ofstream(path, std::ios::binary | std::ios::trunc)
+      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
 inline std::vector<Path> Folders() { return {DRAWLOAD_TEST_DATA "/drawings", DRAWLOAD_EXAMPLES}; }

@@ -1,54 +1,20 @@
 #include "faults/failing_memory.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <link.h>
+#include <fontconfig/fontconfig.h>
 #include <new>
+#include <openjpeg.h>
 
 namespace {
 
-using failing_memory::Callers;
 using failing_memory::Failure;
 
 // Nothing here may allocate.
 
-struct Region {
-  std::uintptr_t start = 0;
-  std::uintptr_t end = 0;
-
-  bool Holds(const void* address) const {
-    const auto place = reinterpret_cast<std::uintptr_t>(address);
-    return place >= start && place < end;
-  }
-};
-
-/// Where Fontconfig and its XML parser are mapped.
-std::array<Region, 4> fontconfigRegions;
-std::size_t regionCount = 0;
-
-int TakeLibrary(dl_phdr_info* info, std::size_t, void*) {
-  const bool isFontconfig = std::strstr(info->dlpi_name, "libfontconfig") != nullptr ||
-                            std::strstr(info->dlpi_name, "libexpat") != nullptr;
-  if (!isFontconfig) return 0;
-  Region& region = fontconfigRegions.at(regionCount++);
-  for (const auto* header = info->dlpi_phdr; header != info->dlpi_phdr + info->dlpi_phnum; ++header) {
-    if (header->p_type != PT_LOAD) continue;
-    const std::uintptr_t start = info->dlpi_addr + header->p_vaddr;
-    if (region.end == 0 || start < region.start) region.start = start;
-    if (start + header->p_memsz > region.end) region.end = start + header->p_memsz;
-  }
-  return 0;
-}
-
-bool IsOfFontconfig(const void* caller) {
-  for (const Region& region : fontconfigRegions) {
-    if (region.Holds(caller)) return true;
-  }
-  return false;
-}
+int sparedCalls = 0;  ///< of wrapped functions, that have not returned
 
 /// The blocks that are out, by their address: an open hash table.
 struct Entry {
@@ -69,13 +35,11 @@ struct State {
   std::size_t count = 0;
   std::size_t failing = 0;
   Failure failure = Failure::kOne;
-  Callers callers = Callers::kAll;
 };
 State state;
 
-bool MustFail(const void* caller) {
-  if (!state.isOn) return false;
-  if (state.callers == Callers::kAllButFontconfig && IsOfFontconfig(caller)) return false;
+bool MustFail() {
+  if (!state.isOn || sparedCalls > 0) return false;
   const std::size_t number = ++state.count;
   return number == state.failing ||
          (state.failure == Failure::kAllFromThere && state.failing != 0 && number > state.failing);
@@ -94,7 +58,7 @@ void Forget(const void* block) {
   if (block == nullptr) return;
   for (std::size_t place = PlaceOf(block); entries[place].block != nullptr; place = (place + 1) % kEntries) {
     if (entries[place].block != block) continue;
-    entries[place] = {&erased, nullptr};
+    entries[place] = {&erased};
     return;
   }
 }
@@ -103,10 +67,9 @@ void Forget(const void* block) {
 
 namespace failing_memory {
 
-void Start(std::size_t n, Failure failure, Callers callers) {
-  if (regionCount == 0) dl_iterate_phdr(TakeLibrary, nullptr);
+void Start(std::size_t n, Failure failure) {
   std::memset(static_cast<void*>(entries), 0, sizeof entries);
-  state = {true, 0, n, failure, callers};
+  state = {true, 0, n, failure};
 }
 
 std::size_t Stop() {
@@ -114,12 +77,10 @@ std::size_t Stop() {
   return state.count;
 }
 
-Lost LostBlocks() {
-  Lost lost;
+std::size_t LostBlocks() {
+  std::size_t lost = 0;
   for (const Entry& entry : entries) {
-    if (entry.block == nullptr || entry.block == &erased) continue;
-    ++lost.all;
-    if (IsOfFontconfig(entry.caller)) ++lost.byFontconfig;
+    if (entry.block != nullptr && entry.block != &erased) ++lost;
   }
   return lost;
 }
@@ -133,12 +94,47 @@ const void* CallerOfALostBlock() {
 
 }  // namespace failing_memory
 
+namespace {
+
+struct SparedCall {
+  SparedCall() { ++sparedCalls; }
+  SparedCall(const SparedCall&) = delete;
+  SparedCall& operator=(const SparedCall&) = delete;
+  ~SparedCall() { --sparedCalls; }
+};
+
+}  // namespace
+
+// Each function that the linker wraps, in the place of the library's own.
+#define WRAP(Result, name, parameters, arguments) \
+  Result __real_##name parameters;                \
+  Result __wrap_##name parameters {               \
+    const SparedCall call;                        \
+    return __real_##name arguments;               \
+  }
+
+extern "C" {
+
+WRAP(FcConfig*, FcInitLoadConfigAndFonts, (), ())
+WRAP(FcPattern*, FcNameParse, (const FcChar8* name), (name))
+WRAP(FcFontSet*, FcFontList, (FcConfig * config, FcPattern* pattern, FcObjectSet* objects),
+     (config, pattern, objects))
+WRAP(FcPattern*, FcFontMatch, (FcConfig * config, FcPattern* pattern, FcResult* result),
+     (config, pattern, result))
+WRAP(FcBool, FcConfigSubstitute, (FcConfig * config, FcPattern* pattern, FcMatchKind kind),
+     (config, pattern, kind))
+WRAP(void, FcDefaultSubstitute, (FcPattern * pattern), (pattern))
+WRAP(OPJ_BOOL, opj_decode, (opj_codec_t * codec, opj_stream_t* stream, opj_image_t* image),
+     (codec, stream, image))
+
+}  // extern "C"
+
 #if defined(__SANITIZE_ADDRESS__)
 
 namespace {
 
 void* New(std::size_t size, std::size_t alignment, const void* caller) {
-  if (MustFail(caller)) return nullptr;
+  if (MustFail()) return nullptr;
   void* block = nullptr;
   if (alignment <= alignof(std::max_align_t)) {
     block = std::malloc(size == 0 ? 1 : size);
@@ -200,10 +196,10 @@ void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* block);
 
 #define CALLER __builtin_return_address(0)
-#define FAIL_IF_CHOSEN                  \
-  if (MustFail(CALLER)) {               \
-    errno = ENOMEM;                     \
-    return nullptr;                     \
+#define FAIL_IF_CHOSEN \
+  if (MustFail()) {    \
+    errno = ENOMEM;    \
+    return nullptr;    \
   }
 
 void* malloc(std::size_t size) {
@@ -235,7 +231,7 @@ void* aligned_alloc(std::size_t alignment, std::size_t size) {
 }
 
 int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
-  if (MustFail(CALLER)) return ENOMEM;
+  if (MustFail()) return ENOMEM;
   *block = Noted(__libc_memalign(alignment, size), CALLER);
   return *block == nullptr ? ENOMEM : 0;
 }

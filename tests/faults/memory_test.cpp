@@ -14,7 +14,6 @@
 namespace {
 
 using drawing_files::Path;
-using failing_memory::Callers;
 using failing_memory::Failure;
 
 /// Number of the failing allocation, where the parent still sees it when the child is gone.
@@ -51,9 +50,9 @@ std::size_t WalkAndCount() {
 }
 
 /// Loads, walks and releases the drawing while allocation `n` fails. Returns how many there were.
-std::size_t LoadWithFault(const Path& drawing, std::size_t n, Failure failure, Callers callers) {
+std::size_t LoadWithFault(const Path& drawing, std::size_t n, Failure failure) {
   const char* path = drawing.c_str();
-  failing_memory::Start(n, failure, callers);
+  failing_memory::Start(n, failure);
   if (DrawLoad_Z7(path) == 1) WalkAndCount();
   DrawLoad_Z7(nullptr);
   return failing_memory::Stop();
@@ -67,10 +66,10 @@ std::string NameOfCaller(const void* caller) {
          (info.dli_sname == nullptr ? "" : info.dli_sname);
 }
 
-std::string LostMessage(std::size_t mostByFontconfig) {
-  const failing_memory::Lost lost = failing_memory::LostBlocks();
-  if (lost.all == lost.byFontconfig && lost.byFontconfig <= mostByFontconfig) return {};
-  return "lost " + std::to_string(lost.all) + " blocks, one of them asked for by " +
+std::string LostMessage() {
+  const std::size_t lost = failing_memory::LostBlocks();
+  if (lost == 0) return {};
+  return "lost " + std::to_string(lost) + " blocks, one of them asked for by " +
          NameOfCaller(failing_memory::CallerOfALostBlock());
 }
 
@@ -81,12 +80,12 @@ constexpr std::size_t kFaultsBetweenChecks = 50;
 std::string LoadWithEachFault(const Path& drawing, Failure failure, SharedNumber& failing) {
   std::set_new_handler(nullptr);  // failures are wanted here
   const std::string expected = result_dump::OfFile(drawing);
-  const std::size_t count = LoadWithFault(drawing, 0, failure, Callers::kAllButFontconfig);
-  if (std::string lost = LostMessage(0); !lost.empty()) return "without a fault: " + lost;
+  const std::size_t count = LoadWithFault(drawing, 0, failure);
+  if (std::string lost = LostMessage(); !lost.empty()) return "without a fault: " + lost;
   for (std::size_t n = 1; n <= std::min(count, kMostFaults); ++n) {
     *failing = n;
-    LoadWithFault(drawing, n, failure, Callers::kAllButFontconfig);
-    if (std::string lost = LostMessage(0); !lost.empty()) return lost;
+    LoadWithFault(drawing, n, failure);
+    if (std::string lost = LostMessage(); !lost.empty()) return lost;
     if (n % kFaultsBetweenChecks == 0 && result_dump::OfFile(drawing) != expected) {
       return "the next read gives other results";
     }

@@ -9,6 +9,7 @@
 
 #include "pdf/cx_file.h"
 #include "support/limits.h"
+#include "support/spare_memory.h"
 
 namespace pdf {
 
@@ -92,6 +93,15 @@ bool IsWithinLimits(const opj_image_t& image, std::size_t inputSize) {
   return width * height * image.numcomps <= 3 * most;
 }
 
+/// Whether the decoder will find the memory for the picture. It does not survive a failure of its own small
+/// allocations, so it is not even started where memory is short.
+bool HasMemoryFor(const opj_image_t& image) {
+  constexpr std::size_t kBytesPerSample = 16;
+  constexpr std::size_t kTables = std::size_t{16} << 20;
+  const std::size_t pixels = std::size_t{image.x1 - image.x0} * (image.y1 - image.y0);
+  return support::HasSpareMemory(kTables + kBytesPerSample * pixels * image.numcomps);
+}
+
 /// The picture with its pixels; null where it is beyond the limits.
 Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::size_t inputSize) {
   opj_image_t* header = nullptr;
@@ -101,6 +111,7 @@ Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::size_t inputSiz
   if (image->numcomps > kMostComponents) Fail("error: too many components");
   if (image->comps[0].dx == 1 && image->x1 - image->x0 == 0xFFFFFFFF) Fail("output dimensions returned");
   if (!IsWithinLimits(*image, inputSize)) return {nullptr, opj_image_destroy};
+  if (!HasMemoryFor(*image)) Fail("error: cannot allocate memory");
   if (!opj_decode(codec, stream, image.get()) || !opj_end_decompress(codec, stream)) {
     Fail("error: cannot load image data");
   }
