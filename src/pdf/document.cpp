@@ -1,7 +1,7 @@
 #include "pdf/document.h"
 
 #include <array>
-#include <cstdio>
+#include <charconv>
 #include <stdexcept>
 
 #include "pdf/xref_loader.h"
@@ -20,11 +20,13 @@ bool IsHeader(std::string_view header) {
   return header.starts_with("%PDF-1") && dot != '\n' && dot != '\r' && support::IsDigit(header[7]);
 }
 
-/// The number as a C++ stream prints it.
+/// The number as a C++ stream prints it, whatever locale the host speaks.
 std::string TextOf(double number) {
+  constexpr int kStreamPrecision = 6;
   std::array<char, 32> text{};
-  const int size = std::snprintf(text.data(), text.size(), "%g", number);
-  return {text.data(), static_cast<std::size_t>(size)};
+  const auto result = std::to_chars(text.data(), text.data() + text.size(), number,
+                                    std::chars_format::general, kStreamPrecision);
+  return {text.data(), result.ptr};
 }
 
 }  // namespace

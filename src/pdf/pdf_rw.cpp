@@ -4,6 +4,7 @@
 
 #include "pdf/page_conversion.h"
 #include "pdf/page_reader.h"
+#include "support/broken_pipe_guard.h"
 
 PDF_RW::~PDF_RW() { PDF_RW::ResetReader(); }
 
@@ -16,6 +17,7 @@ void PDF_RW::ResetReader() {
 }
 
 bool PDF_RW::Read(const std::string& filePath, PARSE::Context context) {
+  const support::BrokenPipeGuard guard;  // the notes go to standard output, which may be a pipe
   const std::string name = filePath;
   ResetReader();
   sink->BeginFile(context);
