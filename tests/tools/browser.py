@@ -80,6 +80,15 @@ class Browser:
     def click(self, x, y):
         self.pointer(("move", x, y), ("down",), ("up",))
 
+    def touch(self, *fingers):
+        """Puts fingers down, moves all of them together from point to point, and lifts them: a list of points each."""
+        sources = []
+        for number, (first, *others) in enumerate(fingers):
+            moves = [{"type": "pointerMove", "x": x, "y": y, "duration": 0} for x, y in (first, *others)]
+            steps = [moves[0], {"type": "pointerDown", "button": 0}, *moves[1:], {"type": "pointerUp", "button": 0}]
+            sources.append({"type": "pointer", "id": f"finger{number}", "parameters": {"pointerType": "touch"}, "actions": steps})
+        self._call("POST", self.session + "/actions", {"actions": sources})
+
     def wheel(self, x, y, delta):
         step = {"type": "scroll", "x": round(x), "y": round(y), "deltaX": 0, "deltaY": delta, "duration": 0}
         self._call("POST", self.session + "/actions", {"actions": [{"type": "wheel", "id": "wheel", "actions": [step]}]})

@@ -361,8 +361,11 @@ canvas.addEventListener('pointermove', (event) => {
   if (!moved) return;
   const other = [...fingers].find(([id]) => id !== event.pointerId);
   if (other) {
+    // What lies between the fingers stays between them.
     const spread = (p) => Math.hypot(p[0] - other[1][0], p[1] - other[1][1]) || 1;
-    zoomAt((now[0] + other[1][0]) / 2, (now[1] + other[1][1]) / 2, spread(now) / spread(before));
+    zoomAt((before[0] + other[1][0]) / 2, (before[1] + other[1][1]) / 2, spread(now) / spread(before));
+    shiftX += (now[0] - before[0]) / 2;
+    shiftY += (now[1] - before[1]) / 2;
   } else {
     shiftX += now[0] - before[0];
     shiftY += now[1] - before[1];
