@@ -80,6 +80,19 @@ class ViewerTest(unittest.TestCase):
         self.browser.pointer(("move", *self.middle_of_first_line()))
         self.assertIn("74.000 mm", self.text_of("object"))
 
+    def test_a_bitmap_tells_its_pixels_size_and_density(self):
+        page = pathlib.Path(self.folder.name) / "nameplate.html"
+        if not page.exists():
+            subprocess.run([PROGRAM, "convert", EXAMPLES / "nameplate.svg", "-o", page], check=True, timeout=60)
+        self.browser.open(page.as_uri())
+        self.browser.settle()
+        self.browser.click(*self.browser.run("const r = job.results.find((r) => r.kind === 'bitmap'), m = r.matrix;"
+            "return toScreen(m[0] * 5 + m[2] * 5 + m[4], m[1] * 5 + m[3] * 5 + m[5]);"))
+        text = self.text_of("object")
+        for told in ("120 × 120", "28.000 × 28.000 mm", "109 × 109 dpi"):
+            self.assertIn(told, text)
+        self.assertRegex(text, r"engStep\s+0\.1\s")
+
     def test_the_slider_takes_the_drawing_back_in_the_order_of_work(self):
         whole = self.ink()
         self.browser.run(

@@ -111,19 +111,20 @@ function listLayers() {
       draw();
     });
     const color = document.createElement('i');
-    color.style.background = by === 'color' ? name : 'transparent';
+    color.style.background = name;
     const text = document.createElement('span');
-    text.textContent = by === 'color' ? name : describe(job.settings[result.settings]);
+    text.textContent = by === 'color' ? name : describe(result);
     const size = document.createElement('b');
-    size.textContent = count + ' · ' + length.toFixed(1) + ' mm';
-    label.append(box, color, text, size);
+    size.textContent = count + ' · ' + (result.kind === 'bitmap' && length === 0 ? 'bitmap' : length.toFixed(1) + ' mm');
+    label.append(box, ...(by === 'color' ? [color] : []), text, size);
     item.append(label);
     list.append(item);
   }
 }
 
-function describe(settings) {
-  return settings.processType === 0 ? 'cut ' + settings.cutSpeed + ' mm/s, ' + settings.cutPower + ' %'
+function describe(result) {
+  const settings = job.settings[result.settings];
+  return settings.processType === 0 && result.kind === 'curve' ? 'cut ' + settings.cutSpeed + ' mm/s, ' + settings.cutPower + ' %'
     : 'engrave ' + settings.engraveSpeed + ' mm/s, ' + settings.EngMinP + ' to ' + settings.EngMaxP + ' %';
 }
 
@@ -134,7 +135,7 @@ const toPage = (x, y) => [(x - shiftX) / scale, (shiftY - y) / scale];
 
 function fit() {
   const box = job.bounds;
-  const width = canvas.clientWidth - 320, height = canvas.clientHeight - 130;
+  const width = canvas.clientWidth - 350, height = canvas.clientHeight - 130;
   scale = Math.min(Math.max(width, 200) / Math.max(box.width, 0.01), Math.max(height, 100) / Math.max(box.height, 0.01));
   shiftX = 40 + (Math.max(width, 200) - box.width * scale) / 2 - box.minX * scale;
   shiftY = 40 + (Math.max(height, 100) - box.height * scale) / 2 + box.maxY * scale;
@@ -334,8 +335,12 @@ function show(result) {
   if (result) {
     const rows = [['object', result.kind + ' ' + (job.results.indexOf(result) + 1) + ' of ' + job.results.length]];
     if (result.kind === 'curve') rows.push(['length', result.length.toFixed(3) + ' mm'], ['segments', result.segments], ['colour', result.color]);
-    else rows.push(['pixels', result.width + ' × ' + result.height]);
-    for (const [key, value] of Object.entries(job.settings[result.settings])) rows.push([key, value]);
+    else {
+      const [a, b, c, d] = result.matrix, across = Math.hypot(a, b) * result.width, down = Math.hypot(c, d) * result.height;
+      rows.push(['pixels', result.width + ' × ' + result.height], ['size', across.toFixed(3) + ' × ' + down.toFixed(3) + ' mm'],
+        ['density', (result.width * 25.4 / across).toFixed(0) + ' × ' + (result.height * 25.4 / down).toFixed(0) + ' dpi']);
+    }
+    for (const [key, value] of Object.entries(job.settings[result.settings])) rows.push([key, value === null ? '' : +value.toPrecision(9)]);
     for (const [key, value] of rows) {
       const term = document.createElement('dt'), data = document.createElement('dd');
       term.textContent = key;
