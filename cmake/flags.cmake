@@ -7,7 +7,12 @@ target_compile_options(drawload_flags INTERFACE
   -ffp-contract=off
   $<$<BOOL:${DRAWLOAD_STRICT}>:-Werror>)
 
-if(DRAWLOAD_SANITIZE)
+if(DRAWLOAD_FUZZ)
+  # The standard library's assertions find reads behind the end of a view, which AddressSanitizer cannot see.
+  target_compile_definitions(drawload_flags INTERFACE _GLIBCXX_ASSERTIONS DRAWLOAD_FUZZING)
+  target_compile_options(drawload_flags INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+elseif(DRAWLOAD_SANITIZE)
   target_compile_options(drawload_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all)
   target_link_options(drawload_flags INTERFACE -fsanitize=address,undefined)

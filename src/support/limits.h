@@ -9,6 +9,14 @@
 /// tells users the same.
 namespace support::limits {
 
+/// Divides the bounds that nothing but patience sets. The fuzzer's build takes some twenty times as long for
+/// the same work, and should not spend its time on it.
+#ifdef DRAWLOAD_FUZZING
+constexpr std::size_t kWorkDivisor = 64;
+#else
+constexpr std::size_t kWorkDivisor = 1;
+#endif
+
 /// Nesting of block references in a DXF drawing. Real drawings nest a handful deep; each level costs stack.
 constexpr int kInsertDepth = 100;
 
@@ -28,7 +36,7 @@ constexpr int kDxfEntryRepeats = 16;
 /// points and quarter turns. A small file of blocks in blocks can ask for any number; this base is two
 /// million lines or a million circles, and each unit that the file itself holds adds to it. One outermost
 /// reference takes at most half of what is left.
-constexpr std::size_t kExpansionBase = 8'000'000;
+constexpr std::size_t kExpansionBase = 8'000'000 / kWorkDivisor;
 constexpr std::size_t kExpansionPerUnit = 16;
 
 /// Nesting of block references up to which an entity has its plain price; each level beyond adds the price
@@ -44,15 +52,15 @@ constexpr std::size_t kStyleFontNameBytes = 4096;
 
 /// Items and paragraphs of one DXF paragraph text. An item takes twenty times the bytes of the code that asks
 /// for it; a million of them is a book.
-constexpr std::size_t kMTextItems = 1'000'000;
-constexpr std::size_t kMTextParagraphs = 250'000;
+constexpr std::size_t kMTextItems = 1'000'000 / kWorkDivisor;
+constexpr std::size_t kMTextParagraphs = 250'000 / kWorkDivisor;
 
 /// Bytes of picture files that are read for one DXF drawing, and pixels that are decoded, in all. A drawing
 /// of a few bytes can name one large picture over and over.
-constexpr std::size_t kDrawingPictureWork = std::size_t{1} << 30;
+constexpr std::size_t kDrawingPictureWork = (std::size_t{1} << 30) / kWorkDivisor;
 
 /// Pixels of one picture: an A3 sheet at 800 dots per inch. Decoding takes up to 16 bytes for each.
-constexpr std::size_t kPicturePixels = std::size_t{1} << 27;
+constexpr std::size_t kPicturePixels = (std::size_t{1} << 27) / kWorkDivisor;
 
 /// Pixels that one byte of a picture file can stand for: one-bit pixels at the best ratio that deflate
 /// reaches (8 · 1032). A header that claims more is lying.
@@ -90,7 +98,7 @@ constexpr double kArcAngle = 1e15;
 /// small, highly compressed files through (a page of a million segments is 25 MB of text), and so much for
 /// each byte of the file. Files whose objects overlap or refer to each other over and over would need far
 /// more.
-constexpr std::uint64_t kPdfWorkBase = std::uint64_t{256} << 20;
+constexpr std::uint64_t kPdfWorkBase = (std::uint64_t{256} << 20) / kWorkDivisor;
 constexpr std::uint64_t kPdfWorkPerByte = 64;
 
 /// Object texts that are kept for the next fetch. Beyond it they are dropped and read again when needed.
@@ -143,7 +151,7 @@ constexpr std::int32_t kRationalSplineDegree = 32;
 /// the chords that it has.
 constexpr std::uint64_t kSplitWorkPerPoint = 256;
 constexpr std::uint64_t kSplineSplitWork = 320'000;
-constexpr std::uint64_t kDrawingSplitWork = 64'000'000;
+constexpr std::uint64_t kDrawingSplitWork = 64'000'000 / kWorkDivisor;
 
 /// Bytes of a font name. The time that Fontconfig takes to parse one grows with the square of its families.
 constexpr std::size_t kFontNameBytes = 4096;
@@ -162,13 +170,13 @@ constexpr std::size_t kKeptGlyphBytes = std::size_t{64} << 20;
 constexpr std::size_t kTextGlyphs = 65536;
 
 /// Segments of all glyph outlines of one file: some 800,000 letters, or 2 GB of results.
-constexpr std::size_t kGlyphSegmentsPerFile = std::size_t{1} << 24;
+constexpr std::size_t kGlyphSegmentsPerFile = (std::size_t{1} << 24) / kWorkDivisor;
 
 /// One packed grey bitmap, in bytes: a picture of `kPicturePixels` with its rows padded.
-constexpr std::size_t kBitmapBytes = std::size_t{1} << 28;
+constexpr std::size_t kBitmapBytes = (std::size_t{1} << 28) / kWorkDivisor;
 
 /// All packed grey bitmaps of one file, in bytes: eight A3 sheets at 800 dots per inch.
-constexpr std::size_t kBitmapBytesPerFile = std::size_t{1} << 30;
+constexpr std::size_t kBitmapBytesPerFile = (std::size_t{1} << 30) / kWorkDivisor;
 
 /// SVG files beyond this length are not read: texts are counted in 32 bits. The XML tree of such a file would
 /// take some 20 GB.
@@ -184,35 +192,35 @@ constexpr std::size_t kSvgReferenceSearchPerByte = 64;
 
 /// Records of an SVG file with several top-level elements, which are walked again and again: half a megabyte
 /// of "<a/>" would make billions.
-constexpr std::size_t kSvgRepeatedRecords = std::size_t{1} << 20;
+constexpr std::size_t kSvgRepeatedRecords = (std::size_t{1} << 20) / kWorkDivisor;
 
 /// Bytes of attributes that the elements of an SVG file receive from groups and style sheets: a base, and so
 /// much for each byte of the file. An element that inherits a long style may receive 50 times its own length.
 /// Beyond it elements have what they write themselves.
-constexpr std::size_t kSvgInheritedBase = std::size_t{64} << 20;
+constexpr std::size_t kSvgInheritedBase = (std::size_t{64} << 20) / kWorkDivisor;
 constexpr std::size_t kSvgInheritedPerByte = 64;
 
 /// Bytes of attribute lists that groups of an SVG file store to hand them on, each a merge of the group's own
 /// and those around it. A group beyond it hands on nothing.
-constexpr std::size_t kSvgHandedOnBase = std::size_t{64} << 20;
+constexpr std::size_t kSvgHandedOnBase = (std::size_t{64} << 20) / kWorkDivisor;
 constexpr std::size_t kSvgHandedOnPerByte = 8;
 
 /// What an SVG file may draw through references: `use`, and geometry that elements inherit. A record counts
 /// 4, each 64 bytes of its attributes and each segment of a path 1, each byte of a text 16; a unit takes some
 /// 150 bytes of results. Small files get little, but 20,000 uses of a symbol of 1,000 segments stay within
 /// the bound. Beyond it references draw nothing.
-constexpr std::size_t kSvgReferencedBase = std::size_t{1} << 22;
+constexpr std::size_t kSvgReferencedBase = (std::size_t{1} << 22) / kWorkDivisor;
 constexpr std::size_t kSvgReferencedPerByte = 32;
-constexpr std::size_t kSvgReferencedMost = std::size_t{1} << 25;
+constexpr std::size_t kSvgReferencedMost = (std::size_t{1} << 25) / kWorkDivisor;
 
 /// Records that the shapes of an SVG file look up for their gradients; each 64 bytes of attributes that they
 /// copy from them count as one more: a few seconds' work. A hundred thousand shapes with a gradient of ten
 /// stops stay within it. Beyond it entities travel without their gradients.
-constexpr std::size_t kSvgGradientUnits = std::size_t{1} << 22;
+constexpr std::size_t kSvgGradientUnits = (std::size_t{1} << 22) / kWorkDivisor;
 
 /// Pixels that are decoded for one SVG file. A small file can hold, or refer to in turn, many pictures of
 /// great size.
-constexpr std::size_t kSvgPicturePixels = std::size_t{1} << 29;
+constexpr std::size_t kSvgPicturePixels = (std::size_t{1} << 29) / kWorkDivisor;
 
 }  // namespace support::limits
 

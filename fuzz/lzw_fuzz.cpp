@@ -1,0 +1,23 @@
+#include <stdexcept>
+
+#include "fuzz/target.h"
+#include "pdf/filters/lzw.h"
+
+namespace {
+
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;
+
+void Run(std::string_view input) {
+  try {
+    const auto decoded = pdf::PdfLzwDecoder(input).Decode(kMostBytes);
+    if (!decoded) return;
+    fuzz::Check(decoded->size() <= kMostBytes, "more bytes than allowed");
+    fuzz::Touch(*decoded);
+  } catch (const std::out_of_range&) {
+    // Data that break off.
+  }
+}
+
+const fuzz::Target target("lzw", Run);
+
+}  // namespace

@@ -1,0 +1,16 @@
+#include "dxf/mtext_format.h"
+#include "fuzz/target.h"
+
+namespace {
+
+void Run(std::string_view input) {
+  for (const Entity_ZR::MTextParagraph& paragraph : ParseMTextFormat(input, {}, {})) {
+    for (const Entity_ZR::MTextItem& item : paragraph.items) {
+      if (const auto* text = std::get_if<std::string>(&item.value)) fuzz::Touch(*text);
+    }
+  }
+}
+
+const fuzz::Target target("mtext", Run);
+
+}  // namespace
