@@ -10,9 +10,9 @@
 
 namespace fonts {
 
-/// The memory of one font engine. FreeType reads through a null pointer where its interpreter of font programs
-/// gets no memory, so the engine does not hear of an allocation that fails while a reserve has room for it;
-/// `ThrowIfExhausted` says so behind the call.
+/// The memory of one font engine. FreeType reads through a null pointer where its interpreter of font
+/// programs gets no memory, so the engine does not hear of an allocation that fails while a reserve has room
+/// for it; `ThrowIfExhausted` says so behind the call.
 class FontMemory {
  public:
   FontMemory();

@@ -36,14 +36,14 @@ CFileCurve* ResultStore::NewCurve() {
 }
 
 CFileDib* ResultStore::NewDib() {
-  dibs.reserve(dibs.size() + 1);
   CFileDib* dib = new (RoomFor<CFileDib>()) CFileDib;
-  dibs.push_back(dib);
+  dibs.push_back(dib);  // owns nothing yet, so nothing is lost where this fails
   return dib;
 }
 
 CFileGroup* ResultStore::NewGroup() {
-  if (spareGroups.empty()) return new (RoomFor<CFileGroup>()) CFileGroup(new (RoomFor<FileMember>()) FileMember{});
+  if (spareGroups.empty())
+    return new (RoomFor<CFileGroup>()) CFileGroup(new (RoomFor<FileMember>()) FileMember{});
   CFileGroup* group = spareGroups.back();
   spareGroups.pop_back();
   return group;

@@ -1,5 +1,5 @@
-// feed_bytes FILE...: reads each drawing and looks something up by every byte of its results, so that a memory
-// checker tells where one was never set.
+// feed_bytes FILE...: reads each drawing and looks something up by every byte of its results, so that a
+// memory checker tells where one was never set.
 #include <array>
 #include <cstdio>
 

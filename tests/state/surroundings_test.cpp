@@ -90,7 +90,8 @@ TEST_F(Surroundings, OfAFolderThatCannotBeWrittenLetPicturesDecode) {
   EXPECT_EQ(RunInChild([this]() -> std::string {
               constexpr uid_t nobody = 65534;
               if (geteuid() == 0 && setuid(nobody) != 0) return "still the superuser";
-              if (open("proof", O_WRONLY | O_CREAT | O_CLOEXEC, 0600) >= 0) return "the folder can be written";
+              if (open("proof", O_WRONLY | O_CREAT | O_CLOEXEC, 0600) >= 0)
+                return "the folder can be written";
               return Compare("drawing.pdf");
             }),
             "");
@@ -185,7 +186,8 @@ namespace {
 
 /// A drawing whose picture stands at `path`, and a line.
 std::string DxfWithPicture(const std::string& path) {
-  return "0\nSECTION\n2\nENTITIES\n0\nLINE\n5\n1\n10\n0\n20\n0\n11\n5\n21\n5\n0\nIMAGE\n10\n0\n20\n0\n340\nA\n"
+  return "0\nSECTION\n2\nENTITIES\n0\nLINE\n5\n1\n10\n0\n20\n0\n11\n5\n21\n5\n0\nIMAGE\n10\n0\n20\n0\n340\nA"
+         "\n"
          "0\nENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nIMAGEDEF\n5\nA\n1\n" +
          path + "\n0\nENDSEC\n0\nEOF\n";
 }
@@ -195,7 +197,7 @@ std::string DxfWithPicture(const std::string& path) {
 TEST_F(Surroundings, OfPicturesThatAreNoFilesAreAnswered) {
   ASSERT_EQ(mkfifo("pipe.png", 0600), 0);
   std::filesystem::create_directory("folder.png");
-  const std::vector<std::string> paths = {"pipe.png",  "folder.png",           "/dev/zero",
+  const std::vector<std::string> paths = {"pipe.png", "folder.png",           "/dev/zero",
                                           "/dev/tty", std::string(4000, 'x'), "drawing.dxf"};
   for (const std::string& path : paths) {
     Write("drawing.dxf", DxfWithPicture(path));

@@ -181,6 +181,31 @@ class BatchTest(unittest.TestCase):
         self.assertEqual(len(self.rows()), 3)
         self.assertEqual((self.out / "a.dxf.html").stat().st_mtime_ns, stamp)
 
+    def test_workers_limit_what_they_may_take(self):
+        (self.drawings / "a.dxf").write_text(big_drawing(400_000))
+        command = [PROGRAM, "batch", str(self.drawings), "--to", "svg", "--out", str(self.out), "--timeout", "50"]
+        with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as running:
+            limits = self.limits_of_a_child(running)
+            running.wait(timeout=120)
+        self.assertEqual(limits["Max cpu time"], "51")
+        self.assertEqual(limits["Max core file size"], "0")
+        self.assertEqual(limits["Max file size"], str(4 << 30))
+        if b"__asan" not in pathlib.Path(PROGRAM).read_bytes():
+            self.assertEqual(limits["Max address space"], str(4 << 30))
+
+    def limits_of_a_child(self, parent):
+        """The soft limits of the first child of `parent` that has set its own."""
+        while parent.poll() is None:
+            for child in pathlib.Path(f"/proc/{parent.pid}/task/{parent.pid}/children").read_text().split():
+                try:
+                    lines = pathlib.Path(f"/proc/{child}/limits").read_text().splitlines()[1:]
+                except OSError:  # it has just ended
+                    continue
+                limits = {line[:25].strip(): line[26:47].strip() for line in lines}
+                if limits["Max file size"] != "unlimited":
+                    return limits
+        self.fail("no worker was seen")
+
     def test_a_batch_of_nothing_and_an_unknown_format_are_told(self):
         self.assertEqual(self.batch(self.drawings, "--to", "svg").returncode, 1)
         self.assertEqual(self.batch(self.drawings, "--to", "tiff").returncode, 2)

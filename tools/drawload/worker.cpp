@@ -33,6 +33,7 @@ struct ReportHead {
 };
 
 constexpr rlim_t kMemoryLimit = rlim_t{4} << 30;
+constexpr rlim_t kOutputLimit = rlim_t{4} << 30;
 
 /// The processor's clock ends a worker even where nobody is left to end it.
 void LimitThisProcess(double timeoutSeconds) {
@@ -41,6 +42,9 @@ void LimitThisProcess(double timeoutSeconds) {
   setrlimit(RLIMIT_CPU, &time);
   const rlimit noCore{0, 0};
   setrlimit(RLIMIT_CORE, &noCore);
+  signal(SIGXFSZ, SIG_IGN);  // an output that grows too long is an error of its writer
+  const rlimit output{kOutputLimit, kOutputLimit};
+  setrlimit(RLIMIT_FSIZE, &output);
 #if !defined(__SANITIZE_ADDRESS__)
   const rlimit memory{kMemoryLimit, kMemoryLimit};
   setrlimit(RLIMIT_AS, &memory);
