@@ -21,3 +21,8 @@ else()
     $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
   target_link_options(drawload_flags INTERFACE -Wl,-z,relro,-z,now)
 endif()
+
+if(DRAWLOAD_COVERAGE)
+  target_compile_options(drawload_flags INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(drawload_flags INTERFACE --coverage)
+endif()
