@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The program drawload as a user meets it: its output, its messages, its exit statuses."""
 
+import json
 import math
 import os
 import pathlib
@@ -145,8 +146,24 @@ class ProgramTest(unittest.TestCase):
 
     def test_help_and_version_succeed(self):
         self.assertIn(b"convert", run("--help").stdout)
-        self.assertRegex(run("--version").stdout, rb"^drawload \d+\.\d+\.\d+\n(.*\n)*.*FreeType 2\..*\n.*cairo 1\.")
+        version = run("--version").stdout.decode()
+        self.assertRegex(version, r"^drawload \d+\.\d+\.\d+\nbuilt with FreeType 2\..*, cairo 1\..*, libpng 1\..*\n")
+        used = version.splitlines()[2].removeprefix("running with ").split(", ")
+        loaded = subprocess.run(["ldd", PROGRAM], capture_output=True, check=True, text=True).stdout
+        for library in ("libdrawload", "libfreetype", "libfontconfig", "libz", "libtinyxml2", "libopenjp2", "libcairo", "libpng16"):
+            path = re.search(rf"=> (\S*/{library}\.so\S*)", loaded)[1]
+            self.assertIn(os.path.basename(os.path.realpath(path)), used)
         self.assertEqual(run("--help").returncode, 0)
+
+    def test_info_in_json_of_every_example_is_json_alone(self):
+        for drawing in sorted(p for p in EXAMPLES.iterdir() if p.suffix in (".dxf", ".svg", ".pdf")):
+            for options in ([], ["--verbose"]):
+                with self.subTest(drawing=drawing.name, options=options):
+                    done = run(*options, "info", "--json", drawing)
+                    facts = json.loads(done.stdout)
+                    self.assertEqual(facts["schema"], 1)
+                    self.assertEqual(facts["files"][0]["format"], drawing.suffix[1:].upper())
+                    self.assertEqual(b"Version:1." in done.stderr, bool(options) and drawing.suffix == ".pdf")
 
     def test_every_example_has_something_to_cut(self):
         drawings = [p for p in sorted(EXAMPLES.iterdir()) if p.suffix in (".dxf", ".svg", ".pdf")]

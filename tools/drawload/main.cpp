@@ -1,14 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cairo.h>
 #include <csignal>
-#include <nlohmann/json_fwd.hpp>
-#include <png.h>
 #include <string>
 #include <thread>
 
 #include "commands.h"
 #include "messages.h"
+#include "versions.h"
 
 namespace {
 
@@ -28,14 +26,6 @@ constexpr char kExamples[] =
 
 LibraryNotes NotesFor(bool verbose) {
   return verbose ? LibraryNotes::kToStandardError : LibraryNotes::kHidden;
-}
-
-std::string Versions() {
-  return std::string("drawload ") + DRAWLOAD_VERSION + "\nbuilt with " + DRAWLOAD_LIBRARY_VERSIONS +
-         "\nrunning with cairo " + cairo_version_string() + ", libpng " + png_get_libpng_ver(nullptr) +
-         "; nlohmann-json " + std::to_string(NLOHMANN_JSON_VERSION_MAJOR) + "." +
-         std::to_string(NLOHMANN_JSON_VERSION_MINOR) + "." + std::to_string(NLOHMANN_JSON_VERSION_PATCH) +
-         ", CLI11 " CLI11_VERSION;
 }
 
 }  // namespace
