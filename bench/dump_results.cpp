@@ -1,5 +1,5 @@
-// dump_results FILE: writes every byte that the results of a drawing hand to the caller, but for addresses, to
-// standard output, so that two builds of the library can be compared.
+// dump_results FILE: writes every byte that the results of a drawing hand to the caller, but for addresses,
+// to standard output, so that two builds of the library can be compared.
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -14,7 +14,8 @@ void Write(const Value& value) {
 }
 
 void WriteRange(const void* begin, const void* end) {
-  std::fwrite(begin, 1, static_cast<std::size_t>(static_cast<const char*>(end) - static_cast<const char*>(begin)),
+  std::fwrite(begin, 1,
+              static_cast<std::size_t>(static_cast<const char*>(end) - static_cast<const char*>(begin)),
               stdout);
 }
 

@@ -1,5 +1,6 @@
 #include "dxf_generator.h"
 
+#include <algorithm>
 #include <charconv>
 #include <random>
 
@@ -127,6 +128,22 @@ class Generator {
     }
   }
 
+  /// A clamped cubic spline.
+  void Spline() {
+    Begin("SPLINE");
+    const int count = 4 + Below(6);
+    dxf.Pair(70, 8);
+    dxf.Pair(71, 3);
+    dxf.Pair(72, count + 4);
+    dxf.Pair(73, count);
+    for (int i = 0; i < count + 4; ++i) dxf.Pair(40, static_cast<double>(std::clamp(i - 3, 0, count - 3)));
+    for (int i = 0; i < count; ++i) {
+      dxf.Pair(10, Coordinate());
+      dxf.Pair(20, Coordinate());
+      dxf.Pair(30, 0.0);
+    }
+  }
+
   void Insert() {
     Begin("INSERT");
     dxf.Name(2, "BLOCK_", Below(kBlocks));
@@ -140,7 +157,8 @@ class Generator {
     if (kind < 9) return Line();
     if (kind < 12) return Circle();
     if (kind < 14) return Arc();
-    if (kind < 19) return Polyline();
+    if (kind < 18) return Polyline();
+    if (kind < 19) return Spline();
     Insert();
   }
 

@@ -85,17 +85,9 @@ void SVG_RW::DrawShape(const SVG_Element& record, PARSE::Context context) {
 template <typename Entity>
 void SVG_RW::Draw(const SVG_Element& record, Emitter<Entity> emit, Operation<Entity> operation,
                   PARSE::Context context) {
-  auto entity = std::make_unique<Entity>();
-  (this->*emit)(record, *entity);
-  const bool isAccepted = (sink->*operation)(entity.get(), context);
-  Keep(isAccepted, std::move(entity));
-}
-
-void SVG_RW::Keep(bool isAccepted, std::unique_ptr<Entity_ZR::ZR_Entity> entity) {
-  if (!isAccepted) return;
-  entity->attributes = {};
-  entity->dashes = {};
-  keptEntities.push_back(std::move(entity));
+  Entity entity;
+  (this->*emit)(record, entity);
+  (sink->*operation)(&entity, context);
 }
 
 /// Kept: texts inside texts are counted and not drawn; a text that is hidden by a clip path is not counted
@@ -105,15 +97,14 @@ void SVG_RW::DrawText(const SVG_Element& record, WalkState& state, PARSE::Contex
   if (isText ? ++state.textDepth > 1 : state.textDepth != 1) return;
   if (isClone && !SpendOnReferences(kUnitsOfTextByte * record.content.size())) return;
   groupAttributes->Load(record);
-  auto text = std::make_unique<Entity_ZR::ZR_Text>();
-  EmitText(record, *text);
+  Entity_ZR::ZR_Text text;
+  EmitText(record, text);
   if (isText) {
-    state.textMatrix = text->matrix;
+    state.textMatrix = text.matrix;
   } else {
-    text->matrix = state.textMatrix;
+    text.matrix = state.textMatrix;
   }
-  const bool isAccepted = sink->AddText(text.get(), context);
-  Keep(isAccepted, std::move(text));
+  sink->AddText(&text, context);
 }
 
 void SVG_RW::DrawTail(const SVG_Element& record, WalkState& state, PARSE::Context context) {
@@ -130,14 +121,13 @@ void SVG_RW::DrawTail(const SVG_Element& record, WalkState& state, PARSE::Contex
 
 void SVG_RW::OpenGroup(const SVG_Element& record, PARSE::Context context) {
   sink->BeginGroup(context);
-  auto insert = std::make_unique<Entity_ZR::ZR_Insert>();
+  Entity_ZR::ZR_Insert insert;
   groupAttributes->Load(record);
-  insert->matrix = Svg::ParseTransform(groupAttributes->Field(Svg::kTransform));
-  PlaceInDocument(insert->matrix);
-  AttachRemaining(*insert);
-  PushGroupMatrix(*insert);
-  const bool isAccepted = sink->AddInsert(insert.get(), context);
-  Keep(isAccepted, std::move(insert));
+  insert.matrix = Svg::ParseTransform(groupAttributes->Field(Svg::kTransform));
+  PlaceInDocument(insert.matrix);
+  AttachRemaining(insert);
+  PushGroupMatrix(insert);
+  sink->AddInsert(&insert, context);
 }
 
 /// The frame gets the whole product from the root to this group.
@@ -179,13 +169,12 @@ bool SVG_RW::OpenUseGroup(PARSE::Context context) {
   if (transform.empty() && x.empty() && y.empty()) return false;
   Matrix2D placement = Svg::ParseTransform(transform);
   PlaceInDocument(placement);
-  auto insert = std::make_unique<Entity_ZR::ZR_Insert>();
-  insert->matrix = {1.0, 0.0, 0.0, 1.0, support::AtoF(x), support::AtoF(y)};
-  Concat(insert->matrix, placement);
-  PushGroupMatrix(*insert);
+  Entity_ZR::ZR_Insert insert;
+  insert.matrix = {1.0, 0.0, 0.0, 1.0, support::AtoF(x), support::AtoF(y)};
+  Concat(insert.matrix, placement);
+  PushGroupMatrix(insert);
   sink->BeginGroup(context);
-  const bool isAccepted = sink->AddInsert(insert.get(), context);
-  Keep(isAccepted, std::move(insert));
+  sink->AddInsert(&insert, context);
   return true;
 }
 

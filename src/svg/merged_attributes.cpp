@@ -52,25 +52,17 @@ bool MergedAttributes::HasRemaining() const {
                      [this](AttributeKey key) { return !slots[key].isErased; });
 }
 
-Entity_ZR::AttributePairs MergedAttributes::Remaining() const {
-  std::vector<AttributeEntry> entries;
+Entity_ZR::AttributePairs MergedAttributes::Remaining() {
+  sorted.clear();
   for (const AttributeKey key : loadedKeys) {
-    if (!slots[key].isErased) entries.push_back(slots[key].entry);
+    if (!slots[key].isErased) sorted.push_back(&slots[key].entry);
   }
-  return PairsByName(std::move(entries), store);
-}
-
-Entity_ZR::AttributePairs PairsByName(std::vector<AttributeEntry> entries, const AttributeStore& store) {
-  std::stable_sort(entries.begin(), entries.end(),
-                   [&store](const AttributeEntry& a, const AttributeEntry& b) {
-                     return a.key != b.key && store.NameOf(a.key) < store.NameOf(b.key);
-                   });
+  std::sort(sorted.begin(), sorted.end(), [this](const AttributeEntry* a, const AttributeEntry* b) {
+    return store.NameOf(a->key) < store.NameOf(b->key);
+  });
   Entity_ZR::AttributePairs pairs;
-  pairs.reserve(entries.size());
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    const bool isReplaced = i + 1 < entries.size() && entries[i + 1].key == entries[i].key;
-    if (!isReplaced) pairs.emplace_back(store.NameOf(entries[i].key), entries[i].Value());
-  }
+  pairs.reserve(sorted.size());
+  for (const AttributeEntry* entry : sorted) pairs.emplace_back(store.NameOf(entry->key), entry->Value());
   return pairs;
 }
 

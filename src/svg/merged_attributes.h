@@ -17,6 +17,8 @@ class MergedAttributes {
   explicit MergedAttributes(const AttributeStore& attributeStore) : store(attributeStore) {}
 
   void Load(const SVG_Element& record);
+  /// Forgets what was loaded.
+  void Clear();
   /// Adds an entry, or replaces that of the same key.
   void Set(const AttributeEntry& entry);
 
@@ -29,7 +31,7 @@ class MergedAttributes {
   void Erase(AttributeKey key);
   bool HasRemaining() const;
   /// What was not erased, by ascending name.
-  Entity_ZR::AttributePairs Remaining() const;
+  Entity_ZR::AttributePairs Remaining();
 
   /// All entries, in the order in which their keys first came.
   template <typename Visitor>
@@ -47,16 +49,13 @@ class MergedAttributes {
   const Slot* SlotOf(AttributeKey key) const {
     return key < slots.size() && slots[key].generation == generation ? &slots[key] : nullptr;
   }
-  void Clear();
 
   const AttributeStore& store;
   std::vector<Slot> slots;  ///< by key; valid where they are of this generation
   std::vector<AttributeKey> loadedKeys;
+  std::vector<const AttributeEntry*> sorted;  ///< room for `Remaining`
   std::uint32_t generation = 0;
 };
-
-/// `entries` as pairs by ascending name. Of several entries of one key the last one holds.
-Entity_ZR::AttributePairs PairsByName(std::vector<AttributeEntry> entries, const AttributeStore& store);
 
 }  // namespace Svg
 

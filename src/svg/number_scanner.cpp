@@ -1,33 +1,15 @@
 #include "svg/number_scanner.h"
 
 #include <cstddef>
-#include <cstdint>
+#include <optional>
+
+#include "support/decimal_digits.h"
 
 namespace Svg {
 
 namespace {
 
 constexpr std::ptrdiff_t kLongestNumber = 255;
-
-/// Powers of ten that a 64-bit float holds exactly.
-constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int kLargestExactPower = 22;
-constexpr std::uint64_t kLargestExactInteger = std::uint64_t{1} << 53;
-constexpr int kDigitsInSixtyFourBits = 19;
-
-/// The digits of a number as they are met, point aside.
-struct Digits {
-  std::uint64_t value = 0;  ///< meaningless beyond `kDigitsInSixtyFourBits` digits
-  std::ptrdiff_t count = 0;
-
-  const char* Take(const char* at, const char* end) {
-    const char* const first = at;
-    while (at != end && support::IsDigit(*at)) value = value * 10 + static_cast<std::uint64_t>(*at++ - '0');
-    count += at - first;
-    return at;
-  }
-};
 
 /// Moves over an exponent at `at`, where one stands, and adds it to `exponent`, clamped far outside the range
 /// of floats.
@@ -53,7 +35,7 @@ double ScanNumber(TextCursor& cursor) {
   const char* at = start;
   const bool negative = at != end && *at == '-';
   if (at != end && (*at == '-' || *at == '+')) ++at;
-  Digits digits;
+  support::DecimalDigits digits;
   at = digits.Take(at, end);
   std::ptrdiff_t exponent = 0;
   if (at != end && *at == '.') {
@@ -64,13 +46,8 @@ double ScanNumber(TextCursor& cursor) {
   at = TakeExponent(at, end, exponent);
   cursor.next = at;
   if (digits.count == 0) return 0.0;
-  // Digits and power of ten are exact, so the one rounding of their product or quotient is the right one.
-  if (digits.count <= kDigitsInSixtyFourBits && digits.value <= kLargestExactInteger &&
-      exponent >= -kLargestExactPower && exponent <= kLargestExactPower) {
-    const auto exact = static_cast<double>(digits.value);
-    const double value = exponent < 0 ? exact / kPowersOfTen[-exponent] : exact * kPowersOfTen[exponent];
-    return negative ? -value : value;
-  }
+  if (const std::optional<double> value = digits.TimesPowerOfTen(exponent))
+    return negative ? -*value : *value;
   return support::AtoF({start, static_cast<std::size_t>(at - start)});
 }
 

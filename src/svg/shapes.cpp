@@ -68,14 +68,13 @@ void Append(const Svg::PathSegment& segment, ZR_Path& outline) {
 
 /// The room for segments goes from path to path.
 void SVG_RW::DrawOutline(const SVG_Element& record, Emitter<ZR_Path> emit, PARSE::Context context) {
-  auto outline = std::make_unique<ZR_Path>();
-  pathSegments = outline->segments;
-  outline->segments.swap(pathSegments);
-  (this->*emit)(record, *outline);
-  const bool isAccepted = sink->AddPath(outline.get(), context);
-  pathSegments.swap(outline->segments);
+  ZR_Path outline;
+  pathSegments = outline.segments;
+  outline.segments.swap(pathSegments);
+  (this->*emit)(record, outline);
+  sink->AddPath(&outline, context);
+  pathSegments.swap(outline.segments);
   ReleaseRoom(pathSegments);
-  Keep(isAccepted, std::move(outline));
 }
 
 void SVG_RW::EmitLine(const SVG_Element& record, Entity_ZR::ZR_Line& line) {

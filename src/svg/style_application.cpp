@@ -152,18 +152,18 @@ void SVG_RW::AttachGradient(const SVG_Element& record, ZR_Entity& entity) {
 /// Kept: what a "style" attribute says beyond the keys above goes to a list that no sink reads, and so a
 /// parameter written there does not arrive.
 void SVG_RW::AttachStyle(const SVG_Element& record, ZR_Entity& entity) {
-  std::vector<AttributeEntry> properties;
-  const auto take = [&properties](const AttributeEntry& entry) {
-    if (!IsApplied(entry.key)) properties.push_back(entry);
+  styleProperties->Clear();
+  const auto take = [this](const AttributeEntry& entry) {
+    if (IsApplied(entry.key)) return;
+    styleProperties->Set(entry);
+    groupAttributes->Erase(entry.key);
   };
   if (record.inherited != nullptr) {
     std::for_each(record.inherited->styleProperties.begin(), record.inherited->styleProperties.end(), take);
   }
   std::for_each(record.StyleProperties().begin(), record.StyleProperties().end(), take);
-  if (properties.empty()) return;
-  for (const AttributeEntry& entry : properties) groupAttributes->Erase(entry.key);
-  entity.attributes.push_back(
-      {Entity_ZR::kStyleAttribute, Svg::PairsByName(std::move(properties), document->store)});
+  Entity_ZR::AttributePairs pairs = styleProperties->Remaining();
+  if (!pairs.empty()) entity.attributes.push_back({Entity_ZR::kStyleAttribute, std::move(pairs)});
 }
 
 /// This is how machine parameters, and with them all that was not read, reach the sink.

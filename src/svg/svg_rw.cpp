@@ -27,6 +27,7 @@ bool SVG_RW::Read(const std::string& filePath, PARSE::Context context) {
       document->elements.front()->elementType == Svg::ElementType::Svg) {
     groupAttributes.emplace(document->store);
     referencedAttributes.emplace(document->store);
+    styleProperties.emplace(document->store);
     referencedUnitsLimit = LimitOfReferences(document->fileBytes);
     DrawElements(document->elements, context);
   }
@@ -34,6 +35,7 @@ bool SVG_RW::Read(const std::string& filePath, PARSE::Context context) {
   sink->EndRead(0);
   groupAttributes.reset();
   referencedAttributes.reset();
+  styleProperties.reset();
   decodedHref = {};
   decodedPicture = {};
   document.reset();
@@ -43,7 +45,7 @@ bool SVG_RW::Read(const std::string& filePath, PARSE::Context context) {
 void SVG_RW::ResetReader() {
   groupAttributes.reset();
   referencedAttributes.reset();
+  styleProperties.reset();
   document.reset();
-  keptEntities.clear();
   hasDocumentMatrix = false;
 }

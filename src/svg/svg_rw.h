@@ -101,15 +101,12 @@ class SVG_RW : public PARSE::DrawLoader {
   void Draw(const Svg::SVG_Element& record, Emitter<Entity> emit, Operation<Entity> operation,
             PARSE::Context context);
   void DrawOutline(const Svg::SVG_Element& record, Emitter<Entity_ZR::ZR_Path> emit, PARSE::Context context);
-  /// Ends the life of an entity that went to the sink: at once if it was refused.
-  void Keep(bool isAccepted, std::unique_ptr<Entity_ZR::ZR_Entity> entity);
 
   std::unique_ptr<Svg::SVG_Interface> document;
-  /// What the sink accepted. Their lists are emptied, since no sink reads an entity after its operation.
-  std::vector<std::unique_ptr<Entity_ZR::ZR_Entity>> keptEntities;
   /// The attributes of the record in hand; what is not erased by the end goes to the entity as pairs.
   std::optional<Svg::MergedAttributes> groupAttributes;
   std::optional<Svg::MergedAttributes> referencedAttributes;  ///< of a record that another one refers to
+  std::optional<Svg::MergedAttributes> styleProperties;       ///< of the record in hand
   std::vector<double> viewBoxNumbers;
   PARSE::PageRect page;  ///< millimetres
   Matrix2D documentMatrix;

@@ -1,0 +1,77 @@
+#include "support/decimal_digits.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+
+using support::DecimalDigits;
+
+namespace {
+
+/// The digits at the start of `text`.
+DecimalDigits DigitsOf(const std::string& text) {
+  DecimalDigits digits;
+  const char* const end = digits.Take(text.data(), text.data() + text.size());
+  EXPECT_EQ(end - text.data(), digits.count);
+  return digits;
+}
+
+}  // namespace
+
+TEST(DecimalDigits, StopAtTheFirstCharacterThatIsNone) {
+  for (const char stop : std::string("./:;-e \n\x80\xFF\xB0\xB9")) {
+    for (std::size_t count = 0; count <= 18; ++count) {
+      const std::string written = std::string("123456789012345678").substr(0, count);
+      const DecimalDigits digits = DigitsOf(written + stop + "999999999");
+      EXPECT_EQ(digits.count, static_cast<std::ptrdiff_t>(count)) << "before character " << int{stop};
+      EXPECT_EQ(digits.value, count == 0 ? 0 : std::stoull(written));
+    }
+  }
+}
+
+TEST(DecimalDigits, StopAtTheEndOfTheText) {
+  EXPECT_EQ(DigitsOf("").count, 0);
+  EXPECT_EQ(DigitsOf("1234567").value, 1234567u);
+  EXPECT_EQ(DigitsOf("12345678").value, 12345678u);
+  EXPECT_EQ(DigitsOf("1234567890123456").value, 1234567890123456u);
+}
+
+TEST(DecimalDigits, GoOnBehindAPoint) {
+  const std::string text = "12.345";
+  DecimalDigits digits;
+  digits.Take(text.data(), text.data() + 2);
+  digits.Take(text.data() + 3, text.data() + 6);
+  EXPECT_EQ(digits.value, 12345u);
+  EXPECT_EQ(digits.count, 5);
+  EXPECT_EQ(digits.TimesPowerOfTen(-3), 12.345);
+}
+
+TEST(DecimalDigits, AgreeWithDigitByDigit) {
+  std::mt19937 random(5);
+  for (int round = 0; round < 20000; ++round) {
+    std::string text(random() % 24, ' ');
+    for (char& c : text) c = static_cast<char>(random() % 8 == 0 ? random() % 256 : '0' + random() % 10);
+    std::uint64_t value = 0;
+    std::ptrdiff_t count = 0;
+    for (const char c : text) {
+      if (c < '0' || c > '9') break;
+      value = value * 10 + static_cast<std::uint64_t>(c - '0');
+      ++count;
+    }
+    const DecimalDigits digits = DigitsOf(text);
+    EXPECT_EQ(digits.count, count) << text;
+    if (count <= 19) {
+      EXPECT_EQ(digits.value, value) << text;
+    }
+  }
+}
+
+TEST(DecimalDigits, GiveANumberOnlyWhereOneRoundingIsEnough) {
+  EXPECT_EQ((DecimalDigits{9007199254740992, 16}).TimesPowerOfTen(0), 9007199254740992.0);
+  EXPECT_EQ((DecimalDigits{9007199254740993, 16}).TimesPowerOfTen(0), std::nullopt);
+  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(22), 1e22);
+  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(23), std::nullopt);
+  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(-22), 1e-22);
+  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(-23), std::nullopt);
+  EXPECT_EQ((DecimalDigits{1, 20}).TimesPowerOfTen(0), std::nullopt);
+}
