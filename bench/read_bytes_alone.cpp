@@ -1,5 +1,5 @@
-// read_bytes_alone FILE: does what the bytes of a drawing cost alone, and writes the sum of its numbers to standard
-// error. Nothing more: its time stands beside that of read_drawing.
+// read_bytes_alone FILE: does what the bytes of a drawing cost alone, and writes the sum of its numbers to
+// standard error. Nothing more: its time stands beside that of read_drawing.
 #include <cstdio>
 #include <string_view>
 

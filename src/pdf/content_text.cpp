@@ -1,7 +1,10 @@
 #include "pdf/content_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstring>
+#include <string>
 #include <utility>
 
 namespace pdf {
@@ -65,18 +68,89 @@ class BracketScan {
   std::size_t openAt = npos;
 };
 
-bool IsBracket(char c) { return c == '[' || c == ']' || c == '(' || c == ')'; }
+/// A set of characters.
+class CharacterSet {
+ public:
+  explicit constexpr CharacterSet(std::string_view members) {
+    for (const char c : members) isMember[static_cast<unsigned char>(c)] = true;
+  }
+  constexpr bool Holds(char c) const { return isMember[static_cast<unsigned char>(c)]; }
+
+  /// The first index from `at` on whose character is of the set, or the length of `text`.
+  std::size_t Find(std::string_view text, std::size_t at) const {
+    while (at < text.size() && !Holds(text[at])) ++at;
+    return at;
+  }
+
+ private:
+  std::array<bool, 256> isMember = {};
+};
+
+constexpr CharacterSet kBlankCharacters(" \r\n");
+/// What operands consist of. Among them no replacement acts but at a second blank.
+constexpr CharacterSet kOperandCharacters("0123456789.-+ ");
+
+/// A text of bounded length, written from front to back.
+class Output {
+ public:
+  explicit Output(std::size_t mostBytes) { text.resize(mostBytes); }
+
+  void Put(char c) { text[size++] = c; }
+  void Append(std::string_view run) {
+    std::memcpy(text.data() + size, run.data(), run.size());
+    size += run.size();
+  }
+  void Fill(std::size_t count, char c) {
+    for (; count > 0; --count) Put(c);
+  }
+  void DropLast() { --size; }
+  char& Last(std::size_t distance) { return text[size - distance]; }
+  std::size_t Size() const { return size; }
+
+  std::string Take() {
+    text.resize(size);
+    return std::move(text);
+  }
+
+ private:
+  std::string text;
+  std::size_t size = 0;
+};
+
+/// Finds brackets from front to back.
+class NextBracket {
+ public:
+  explicit NextBracket(std::string_view content) : text(content) {
+    for (std::size_t i = 0; i < kBrackets.size(); ++i) found[i] = text.find(kBrackets[i]);
+  }
+
+  /// Where the first bracket at or behind `start` lies, or the length of the text. `start` never falls.
+  std::size_t From(std::size_t start) {
+    std::size_t first = text.size();
+    for (std::size_t i = 0; i < kBrackets.size(); ++i) {
+      if (found[i] < start) found[i] = text.find(kBrackets[i], start);
+      first = std::min(first, found[i]);
+    }
+    return first;
+  }
+
+ private:
+  static constexpr std::string_view kBrackets = "[]()";
+
+  std::string_view text;
+  std::array<std::size_t, kBrackets.size()> found;
+};
 
 /// Walks the stretches between brackets and hands each to `rewrite(from, to, outside)`; brackets go to
 /// `bracket(character)`.
 template <typename Rewrite, typename Bracket>
 void ForEachStretch(std::string_view text, Rewrite rewrite, Bracket bracket) {
+  NextBracket brackets(text);
   BracketScan arrays(text, '[', ']');
   BracketScan strings(text, '(', ')');
   std::size_t start = 0;
   while (start < text.size()) {
-    const auto found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), IsBracket);
-    const auto end = static_cast<std::size_t>(found - text.begin());
+    const std::size_t end = brackets.From(start);
     if (end > start) {
       const bool inside = arrays.Inside(start) || strings.Inside(start);
       rewrite(start, end, !inside);
@@ -89,52 +163,77 @@ void ForEachStretch(std::string_view text, Rewrite rewrite, Bracket bracket) {
 /// Replacements 1 to 4.
 class LineJoiner {
  public:
-  explicit LineJoiner(std::size_t room) { result.reserve(room); }
+  explicit LineJoiner(std::size_t mostBytes) : result(mostBytes) {}
 
   void Bracket(char c) {
     FlushBlanks();
-    result.push_back(c);
-    stretchStart = result.size();
+    result.Put(c);
+    stretchStart = result.Size();
   }
 
   void Stretch(std::string_view text, bool outside) {
     for (std::size_t i = 0; i < text.size(); ++i) {
-      const char c = text[i];
-      if (c == ' ') {
-        ++blanks;
-        continue;
+      if (blanks == 0 && !FollowsLineEnd()) {
+        const std::size_t end = EndOfRun(text, i);
+        result.Append(text.substr(i, end - i));
+        if (end == text.size()) return;
+        i = end;
       }
-      if (c == '\n' && i + 1 < text.size() && text[i + 1] == ' ') continue;
-      FlushBlanks();
-      if (c == 'l' && outside) JoinLine();
-      result.push_back(c);
+      Character(text[i], i + 1 < text.size() && text[i + 1] == ' ', outside);
     }
   }
 
   std::string Take() {
     FlushBlanks();
-    return std::move(result);
+    return result.Take();
   }
 
  private:
+  /// Where the characters end that no replacement changes: before a line end with the blank that leads to it,
+  /// or before two blanks.
+  static std::size_t EndOfRun(std::string_view text, std::size_t start) {
+    std::size_t at = start;
+    for (; at < text.size() && text[at] != '\n'; ++at) {
+      if (text[at] == ' ' && at + 1 < text.size() && text[at + 1] == ' ') return at;
+    }
+    return at > start && text[at - 1] == ' ' ? at - 1 : at;
+  }
+
+  /// Whether one of the last two characters is a line end, which an "l" may change.
+  bool FollowsLineEnd() {
+    const std::size_t size = result.Size();
+    return (size > 0 && result.Last(1) == '\n') || (size > 1 && result.Last(2) == '\n');
+  }
+
+  void Character(char c, bool blankFollows, bool outside) {
+    if (c == ' ') {
+      ++blanks;
+      return;
+    }
+    if (c == '\n' && blankFollows) return;
+    FlushBlanks();
+    if (c == 'l' && outside) JoinLine();
+    result.Put(c);
+  }
+
   /// A run of blanks becomes half as long, rounded up.
   void FlushBlanks() {
     if (blanks == 0) return;
-    result.append((blanks + 1) / 2, ' ');
+    result.Fill((blanks + 1) / 2, ' ');
     blanks = 0;
   }
 
   /// An "l" follows: "\nl" -> " l", then "\n l" -> " l".
   void JoinLine() {
-    const std::size_t size = result.size();
-    if (size > stretchStart && result[size - 1] == '\n') result[size - 1] = ' ';
-    if (size > stretchStart + 1 && result[size - 1] == ' ' && result[size - 2] == '\n') {
-      result.pop_back();
-      result.back() = ' ';
+    const std::size_t length = result.Size() - stretchStart;
+    if (length > 0 && result.Last(1) == '\n') result.Last(1) = ' ';
+    if (length > 1 && result.Last(1) == ' ' && result.Last(2) == '\n') {
+      result.DropLast();
+      result.Last(1) = ' ';
     }
   }
 
-  std::string result;
+  Output result;
   std::size_t blanks = 0;
   std::size_t stretchStart = 0;
 };
@@ -143,7 +242,7 @@ class LineJoiner {
 /// become half as long, rounded up.
 class ContentWriter {
  public:
-  explicit ContentWriter(std::size_t room) { result.reserve(room + room / 16 + 16); }
+  explicit ContentWriter(std::size_t mostBytes) : result(mostBytes) {}
 
   void Put(char c) {
     if (c == '\r') c = '\n';
@@ -155,13 +254,20 @@ class ContentWriter {
     } else {
       runOf = c;
     }
-    result.push_back(c);
+    result.Put(c);
   }
 
-  std::string Take() { return std::move(result); }
+  /// Appends characters of which none is a blank or a line end.
+  void Append(std::string_view run) {
+    if (run.empty()) return;
+    runOf = '\0';
+    result.Append(run);
+  }
+
+  std::string Take() { return result.Take(); }
 
  private:
-  std::string result;
+  Output result;
   char runOf = '\0';  ///< the blank or line end written last, where one more of it makes a pair
 };
 
@@ -196,6 +302,12 @@ class OperatorBreaker {
 
   void Run() {
     for (std::size_t i = 0; i < text.size(); ++i) {
+      if (text[i] != ' ' && kOperandCharacters.Holds(text[i])) {
+        const std::size_t end = EndOfOperands(i);
+        writer.Append(text.substr(i, end - i));
+        if (end == text.size()) return;
+        i = end;
+      }
       if (text[i] == ' ') {
         Blank(i);
       } else {
@@ -205,6 +317,16 @@ class OperatorBreaker {
   }
 
  private:
+  /// Where the operands end that begin at `start`, without the blanks behind them.
+  std::size_t EndOfOperands(std::size_t start) const {
+    std::size_t at = start;
+    while (at < text.size() && kOperandCharacters.Holds(text[at])) {
+      if (text[at] == ' ' && text[at - 1] == ' ') break;
+      ++at;
+    }
+    return text[at - 1] == ' ' ? at - 1 : at;
+  }
+
   char Before(std::size_t i, std::size_t distance) const { return i >= distance ? text[i - distance] : '\0'; }
 
   void Blank(std::size_t i) {
@@ -242,6 +364,17 @@ class OperatorBreaker {
   bool breakBehindQ = false;
 };
 
+/// A stretch inside of brackets, where only the blanks count.
+void CopyInside(std::string_view text, ContentWriter& writer) {
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t end = kBlankCharacters.Find(text, i);
+    writer.Append(text.substr(i, end - i));
+    if (end == text.size()) return;
+    writer.Put(text[end]);
+    i = end + 1;
+  }
+}
+
 std::string JoinLines(std::string_view text) {
   LineJoiner joiner(text.size());
   ForEachStretch(
@@ -258,13 +391,14 @@ std::string JoinLines(std::string_view text) {
 std::string NormaliseContentText(std::string_view text) {
   const std::string joined = JoinLines(text);
   const std::string_view view = joined;
-  ContentWriter writer(view.size());
+  // At most every other character gets a line end behind it: two make an operator or a blank and a "Q".
+  ContentWriter writer(view.size() + view.size() / 2);
   const auto rewrite = [&](std::size_t from, std::size_t to, bool outside) {
     const std::string_view stretch = view.substr(from, to - from);
     if (outside) {
       OperatorBreaker(stretch, writer).Run();
     } else {
-      for (const char c : stretch) writer.Put(c);
+      CopyInside(stretch, writer);
     }
   };
   ForEachStretch(view, rewrite, [&](char c) { writer.Put(c); });

@@ -30,8 +30,8 @@ struct DecimalDigits {
     return at;
   }
 
-  /// The number with these digits, times ten to the power of `exponent`, rounded once to the nearest float, where
-  /// that takes one operation of exact operands (D. M. Gay, "Correctly Rounded Binary-Decimal and
+  /// The number with these digits, times ten to the power of `exponent`, rounded once to the nearest float,
+  /// where that takes one operation of exact operands (D. M. Gay, "Correctly Rounded Binary-Decimal and
   /// Decimal-Binary Conversions", 1990); nothing otherwise.
   std::optional<double> TimesPowerOfTen(std::ptrdiff_t exponent) const {
     constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
@@ -43,8 +43,8 @@ struct DecimalDigits {
   }
 
  private:
-  /// Takes the digits that lead the eight characters at `at`; returns how many. All at once, in the bytes of one
-  /// word, as the length of a number is what a processor guesses worst.
+  /// Takes the digits that lead the eight characters at `at`; returns how many. All at once, in the bytes of
+  /// one word, as the length of a number is what a processor guesses worst.
   std::ptrdiff_t TakeOfEight(const char* at) {
     constexpr std::uint64_t powers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
     std::uint64_t word = 0;
