@@ -8,8 +8,13 @@
 
 #include "dxf/dxf_entity.h"
 
-/// Entities in the order of the file.
-using DXF_EntityList = std::vector<std::unique_ptr<DXF_Entity>>;
+/// Ends the life of a record and leaves its memory to the arena that it lies in.
+struct DXF_EndOfLife {
+  void operator()(DXF_Entity* record) const { record->~DXF_Entity(); }
+};
+
+/// Entities in the order of the file. Their memory is the document's.
+using DXF_EntityList = std::vector<std::unique_ptr<DXF_Entity, DXF_EndOfLife>>;
 
 /// The head of a block definition; `point` is its base point.
 class DXF_Block : public DXF_Point {

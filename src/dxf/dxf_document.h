@@ -11,6 +11,7 @@
 #include "dxf/dxf_header.h"
 #include "dxf/dxf_objects.h"
 #include "dxf/dxf_tables.h"
+#include "support/arena.h"
 
 /// Positions of a list's records by a key; of several records with one key the first stands. It takes in
 /// what was appended to the list since the last look-up, so that nothing is scanned twice.
@@ -43,6 +44,7 @@ class DXF_Document {
   const DXF_ifaceBlock* findBlock(std::string_view name) const;
   const DXF_ImageDef* findImageDef(std::uint32_t handle) const;
 
+  support::Arena entityMemory;         ///< of what the blocks hold
   std::unique_ptr<DXF_Header> header;  ///< null until the section closes
   std::vector<std::unique_ptr<DXF_Dimstyle>> dimStyles;
   std::vector<std::unique_ptr<DXF_Layer>> layers;

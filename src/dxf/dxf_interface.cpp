@@ -10,7 +10,8 @@ DXF_Interface::~DXF_Interface() = default;
 
 template <typename Record>
 void DXF_Interface::store(Record&& record) {
-  currentBlock->entities.push_back(std::make_unique<Record>(std::move(record)));
+  void* room = document->entityMemory.RoomFor<Record>();
+  currentBlock->entities.emplace_back(new (room) Record(std::move(record)));
 }
 
 template <typename Record>

@@ -30,7 +30,7 @@ class DXF_RW : public PARSE::DrawLoader {
   virtual void DrawBlock(const std::string& name, PARSE::Context context);
 
  private:
-  using Records = std::span<const std::unique_ptr<DXF_Entity>>;
+  using Records = std::span<const DXF_EntityList::value_type>;
   using NeutralEntities = std::vector<std::shared_ptr<Entity_ZR::ZR_Entity>>;
   class Sender;
   class Collector;

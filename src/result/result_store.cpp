@@ -1,17 +1,9 @@
 #include "result/result_store.h"
 
-#include <algorithm>
 #include <new>
+#include <utility>
 
 #include "platform/global_memory.h"
-#include "support/huge_pages.h"
-
-namespace {
-
-constexpr std::size_t kLargestChunk = std::size_t{16} << 20;
-constexpr std::size_t kSmallestAdvisedChunk = std::size_t{4} << 20;
-
-}  // namespace
 
 ResultStore::~ResultStore() {
   for (const CFileDib* dib : dibs) {
@@ -20,37 +12,28 @@ ResultStore::~ResultStore() {
   }
 }
 
-void ResultStore::AddChunk() {
-  const std::size_t bytes = nextChunkBytes;
-  chunks.push_back(std::make_unique_for_overwrite<std::byte[]>(bytes));
-  free = chunks.back().get();
-  end = free + bytes;
-  if (bytes >= kSmallestAdvisedChunk) support::AdviseHugePages(free, bytes);
-  nextChunkBytes = std::min(2 * bytes, kLargestChunk);
-}
-
 CFileCurve* ResultStore::NewCurve() {
   if (spareCurve != nullptr) return std::exchange(spareCurve, nullptr);
-  FileSegment* sentinel = new (RoomFor<FileSegment>()) FileSegment{};
-  return new (RoomFor<CFileCurve>()) CFileCurve(sentinel);
+  FileSegment* sentinel = new (objects.RoomFor<FileSegment>()) FileSegment{};
+  return new (objects.RoomFor<CFileCurve>()) CFileCurve(sentinel);
 }
 
 CFileDib* ResultStore::NewDib() {
-  CFileDib* dib = new (RoomFor<CFileDib>()) CFileDib;
+  CFileDib* dib = new (objects.RoomFor<CFileDib>()) CFileDib;
   dibs.push_back(dib);  // owns nothing yet, so nothing is lost where this fails
   return dib;
 }
 
 CFileGroup* ResultStore::NewGroup() {
   if (spareGroups.empty())
-    return new (RoomFor<CFileGroup>()) CFileGroup(new (RoomFor<FileMember>()) FileMember{});
+    return new (objects.RoomFor<CFileGroup>()) CFileGroup(new (nodes.RoomFor<FileMember>()) FileMember{});
   CFileGroup* group = spareGroups.back();
   spareGroups.pop_back();
   return group;
 }
 
 FileMember* ResultStore::NewList() {
-  auto* sentinel = new (RoomFor<FileMember>()) FileMember{};
+  auto* sentinel = new (nodes.RoomFor<FileMember>()) FileMember{};
   sentinel->previous = sentinel;
   sentinel->next = sentinel;
   return sentinel;
@@ -64,7 +47,7 @@ void ResultStore::Recycle(CFileGroup* group) {
 
 FileSegment& ResultStore::AppendSegment(CFileCurve& curve, FileSegmentType type) {
   FileSegment* head = curve.segmentHead;
-  auto* segment = new (RoomFor<FileSegment>()) FileSegment{};
+  auto* segment = new (objects.RoomFor<FileSegment>()) FileSegment{};
   segment->type = type;
   segment->previous = head->previous;
   segment->next = head;
@@ -91,7 +74,7 @@ void ResultStore::AppendCubic(CFileCurve& curve, FilePosition from, FilePosition
 }
 
 void ResultStore::Append(FileMember* head, CFileDraw* object) {
-  auto* node = new (RoomFor<FileMember>()) FileMember{object, head->previous, head};
+  auto* node = new (nodes.RoomFor<FileMember>()) FileMember{object, head->previous, head};
   head->previous->next = node;
   head->previous = node;
 }

@@ -1,14 +1,12 @@
 #ifndef DRAWLOAD_RESULT_RESULT_STORE_H
 #define DRAWLOAD_RESULT_RESULT_STORE_H
 
-#include <cstddef>
-#include <memory>
-#include <utility>
 #include <vector>
 
 #include "drawload/file_curve.h"
 #include "drawload/file_dib.h"
 #include "drawload/file_group.h"
+#include "support/arena.h"
 
 /// The memory of one parse's results. All that it makes lies one behind the other in large chunks, in the
 /// order of the drawing, lives as long as the store, and is freed with it at once; nobody deletes any of it.
@@ -45,23 +43,10 @@ class ResultStore {
   void Append(CFileGroup& group, CFileDraw* object);
 
  private:
-  /// Room for one object, not initialised.
-  template <typename Object>
-  void* RoomFor() {
-    static_assert(alignof(Object) <= kAlignment);
-    constexpr std::size_t kBytes = (sizeof(Object) + kAlignment - 1) / kAlignment * kAlignment;
-    if (static_cast<std::size_t>(end - free) < kBytes) AddChunk();
-    return std::exchange(free, free + kBytes);
-  }
-  void AddChunk();
   FileSegment& AppendSegment(CFileCurve& curve, FileSegmentType type);
 
-  static constexpr std::size_t kAlignment = 8;
-
-  std::vector<std::unique_ptr<std::byte[]>> chunks;
-  std::size_t nextChunkBytes = std::size_t{32} << 10;
-  std::byte* free = nullptr;  ///< what is left of the last chunk
-  std::byte* end = nullptr;
+  support::Arena objects;
+  support::Arena nodes;  ///< of lists, by themselves: a walk passes over little memory
   std::vector<CFileDib*> dibs;
   CFileCurve* spareCurve = nullptr;
   std::vector<CFileGroup*> spareGroups;

@@ -7,8 +7,6 @@ namespace Svg {
 
 namespace {
 
-constexpr std::size_t kFirstBlockBytes = 16 * 1024;
-
 /// Tells the usual names apart; others may share a place, which costs them time only.
 std::size_t RecentPlace(std::string_view name) {
   if (name.empty()) return 0;
@@ -20,7 +18,7 @@ std::size_t RecentPlace(std::string_view name) {
 
 }  // namespace
 
-AttributeStore::AttributeStore() : bytes(kFirstBlockBytes) {
+AttributeStore::AttributeStore() {
   names.reserve(2 * kKnownKeyCount);
   keys.reserve(2 * kKnownKeyCount);
   for (const KnownAttribute& known : kKnownAttributes) {
@@ -47,15 +45,15 @@ AttributeKey AttributeStore::KeyOfRare(std::string_view name) {
 
 std::string_view AttributeStore::Store(std::string_view text) {
   if (text.empty()) return {};
-  auto* const copy = static_cast<char*>(bytes.allocate(text.size(), 1));
+  auto* const copy = static_cast<char*>(arena.Allocate(text.size()));
   std::memcpy(copy, text.data(), text.size());
   return {copy, text.size()};
 }
 
 std::span<const AttributeEntry> AttributeStore::Store(std::span<const AttributeEntry> entries) {
   if (entries.empty()) return {};
-  auto* const copy =
-      static_cast<AttributeEntry*>(bytes.allocate(entries.size_bytes(), alignof(AttributeEntry)));
+  static_assert(alignof(AttributeEntry) <= support::Arena::kAlignment);
+  auto* const copy = static_cast<AttributeEntry*>(arena.Allocate(entries.size_bytes()));
   std::uninitialized_copy(entries.begin(), entries.end(), copy);
   return {copy, entries.size()};
 }

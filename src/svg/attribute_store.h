@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstddef>
-#include <memory_resource>
 #include <new>
 #include <span>
 #include <string_view>
@@ -11,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "support/arena.h"
 #include "svg/attribute_keys.h"
 
 namespace Svg {
@@ -51,13 +51,13 @@ class AttributeStore {
   template <typename Value>
   const Value* Make(const Value& value) {
     static_assert(std::is_trivially_destructible_v<Value>);
-    return new (bytes.allocate(sizeof(Value), alignof(Value))) Value(value);
+    return new (arena.RoomFor<Value>()) Value(value);
   }
 
  private:
   AttributeKey KeyOfRare(std::string_view name);
 
-  std::pmr::monotonic_buffer_resource bytes;
+  support::Arena arena;
   std::vector<std::string_view> names;
   std::unordered_map<std::string_view, AttributeKey> keys;
   /// For each of some cheap name hashes the key that was found last.

@@ -1,0 +1,45 @@
+#ifndef DRAWLOAD_SUPPORT_ARENA_H
+#define DRAWLOAD_SUPPORT_ARENA_H
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace support {
+
+/// Memory that is handed out piece by piece, one behind the other in large chunks, and freed as a whole.
+class Arena {
+ public:
+  static constexpr std::size_t kAlignment = 8;
+
+  Arena() = default;
+  Arena(const Arena&) = delete;
+  Arena& operator=(const Arena&) = delete;
+
+  /// `bytes` bytes, not initialised, aligned to `kAlignment`. Throws where there is no memory.
+  void* Allocate(std::size_t bytes) {
+    bytes = (bytes + kAlignment - 1) / kAlignment * kAlignment;
+    if (static_cast<std::size_t>(end - free) < bytes) AddChunk(bytes);
+    return std::exchange(free, free + bytes);
+  }
+
+  /// Room for one `Object`, not initialised.
+  template <typename Object>
+  void* RoomFor() {
+    static_assert(alignof(Object) <= kAlignment);
+    return Allocate(sizeof(Object));
+  }
+
+ private:
+  void AddChunk(std::size_t leastBytes);
+
+  std::vector<std::unique_ptr<std::byte[]>> chunks;
+  std::size_t nextChunkBytes = std::size_t{16} << 10;  ///< each chunk is twice as large as the one before
+  std::byte* free = nullptr;                           ///< what is left of the last chunk
+  std::byte* end = nullptr;
+};
+
+}  // namespace support
+
+#endif
