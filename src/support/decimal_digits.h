@@ -14,14 +14,17 @@ struct DecimalDigits {
   std::uint64_t value = 0;  ///< meaningless where there are more than 19 digits
   std::ptrdiff_t count = 0;
 
-  /// Takes the digits that stand at `at`, up to `end`; returns where they end.
-  const char* Take(const char* at, const char* end) {
+  /// Takes the digits that stand at `at`, up to `end`; returns where they end. What stands from `begin` to
+  /// `at` may be looked at as well.
+  const char* Take(const char* begin, const char* at, const char* end) {
     if constexpr (std::endian::native == std::endian::little) {
       while (end - at >= 8) {
-        const std::ptrdiff_t taken = TakeOfEight(at);
+        const std::ptrdiff_t taken = TakeOfWord(WordAt(at));
         at += taken;
         if (taken != 8) return at;
       }
+      // The last few characters, out of the last word. Zeros follow them there, which are no digits.
+      if (end - begin >= 8 && at != end) return at + TakeOfWord(WordAt(end - 8) >> (64 - 8 * (end - at)));
     }
     for (; at != end && *at >= '0' && *at <= '9'; ++at) {
       value = value * 10 + static_cast<std::uint64_t>(*at - '0');
@@ -43,12 +46,16 @@ struct DecimalDigits {
   }
 
  private:
-  /// Takes the digits that lead the eight characters at `at`; returns how many. All at once, in the bytes of
-  /// one word, as the length of a number is what a processor guesses worst.
-  std::ptrdiff_t TakeOfEight(const char* at) {
-    constexpr std::uint64_t powers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+  static std::uint64_t WordAt(const char* at) {
     std::uint64_t word = 0;
     std::memcpy(&word, at, sizeof word);
+    return word;
+  }
+
+  /// Takes the digits that lead the eight characters of `word`; returns how many. All at once, as the length
+  /// of a number is what a processor guesses worst.
+  std::ptrdiff_t TakeOfWord(std::uint64_t word) {
+    constexpr std::uint64_t powers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
     word ^= 0x3030303030303030;  // digits become their values, all else becomes more than 9
     const std::uint64_t others = ((word + 0x7676767676767676) | word) & 0x8080808080808080;
     const int digits = others == 0 ? 8 : std::countr_zero(others) / 8;

@@ -44,11 +44,11 @@ double SlowAtoF(std::string_view text) { return StrToDInCLocale(std::string(text
 std::optional<double> PlainDecimal(std::string_view text) {
   const char* const end = text.data() + text.size();
   DecimalDigits digits;
-  const char* at = digits.Take(text.data(), end);
+  const char* at = digits.Take(text.data(), text.data(), end);
   std::ptrdiff_t exponent = 0;
   if (at != end && *at == '.') {
     exponent = digits.count;
-    at = digits.Take(at + 1, end);
+    at = digits.Take(text.data(), at + 1, end);
     exponent -= digits.count;
   }
   const bool isPlain = digits.count != 0 && (at == end || (*at != 'e' && *at != 'E'));
@@ -61,16 +61,12 @@ std::int32_t AtoI(std::string_view text) {
   text = SkipSpace(text);
   const bool negative = TakeSign(text);
   constexpr std::uint64_t kMost = std::numeric_limits<std::int64_t>::max();
-  std::uint64_t magnitude = 0;
-  for (const char c : text) {
-    if (!IsDigit(c)) break;
-    const auto digit = static_cast<std::uint64_t>(c - '0');
-    if (magnitude > (kMost - digit) / 10) {
-      magnitude = negative ? kMost + 1 : kMost;
-      break;
-    }
-    magnitude = magnitude * 10 + digit;
-  }
+  std::size_t zeros = 0;
+  while (zeros < text.size() && text[zeros] == '0') ++zeros;
+  DecimalDigits digits;
+  digits.Take(text.data(), text.data() + zeros, text.data() + text.size());
+  const bool fits = digits.count <= 19 && digits.value <= kMost;
+  const std::uint64_t magnitude = fits ? digits.value : kMost + (negative ? 1 : 0);
   const std::uint64_t value = negative ? 0 - magnitude : magnitude;
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }

@@ -36,11 +36,11 @@ double ScanNumber(TextCursor& cursor) {
   const bool negative = at != end && *at == '-';
   if (at != end && (*at == '-' || *at == '+')) ++at;
   support::DecimalDigits digits;
-  at = digits.Take(at, end);
+  at = digits.Take(start, at, end);
   std::ptrdiff_t exponent = 0;
   if (at != end && *at == '.') {
     const std::ptrdiff_t whole = digits.count;
-    at = digits.Take(at + 1, end);
+    at = digits.Take(start, at + 1, end);
     exponent = whole - digits.count;
   }
   at = TakeExponent(at, end, exponent);

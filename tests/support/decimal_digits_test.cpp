@@ -11,7 +11,7 @@ namespace {
 /// The digits at the start of `text`.
 DecimalDigits DigitsOf(const std::string& text) {
   DecimalDigits digits;
-  const char* const end = digits.Take(text.data(), text.data() + text.size());
+  const char* const end = digits.Take(text.data(), text.data(), text.data() + text.size());
   EXPECT_EQ(end - text.data(), digits.count);
   return digits;
 }
@@ -39,11 +39,22 @@ TEST(DecimalDigits, StopAtTheEndOfTheText) {
 TEST(DecimalDigits, GoOnBehindAPoint) {
   const std::string text = "12.345";
   DecimalDigits digits;
-  digits.Take(text.data(), text.data() + 2);
-  digits.Take(text.data() + 3, text.data() + 6);
+  digits.Take(text.data(), text.data(), text.data() + 2);
+  digits.Take(text.data(), text.data() + 3, text.data() + 6);
   EXPECT_EQ(digits.value, 12345u);
   EXPECT_EQ(digits.count, 5);
   EXPECT_EQ(digits.TimesPowerOfTen(-3), 12.345);
+}
+
+TEST(DecimalDigits, AtTheEndOfALongTextAreReadOutOfItsLastWord) {
+  const std::string text = "1234.56789";
+  for (std::size_t start = 5; start <= text.size(); ++start) {
+    DecimalDigits digits;
+    const char* const end = text.data() + text.size();
+    EXPECT_EQ(digits.Take(text.data(), text.data() + start, end), end);
+    EXPECT_EQ(digits.value, start == text.size() ? 0 : std::stoull(text.substr(start)));
+    EXPECT_EQ(digits.count, static_cast<std::ptrdiff_t>(text.size() - start));
+  }
 }
 
 TEST(DecimalDigits, AgreeWithDigitByDigit) {
