@@ -44,15 +44,9 @@ double SlowAtoF(std::string_view text) { return StrToDInCLocale(std::string(text
 std::optional<double> PlainDecimal(std::string_view text) {
   const char* const end = text.data() + text.size();
   DecimalDigits digits;
-  const char* at = digits.Take(text.data(), text.data(), end);
-  std::ptrdiff_t exponent = 0;
-  if (at != end && *at == '.') {
-    exponent = digits.count;
-    at = digits.Take(text.data(), at + 1, end);
-    exponent -= digits.count;
-  }
+  const char* const at = digits.TakeWithPoint(text.data(), text.data(), end);
   const bool isPlain = digits.count != 0 && (at == end || (*at != 'e' && *at != 'E'));
-  return isPlain ? digits.TimesPowerOfTen(exponent) : std::nullopt;
+  return isPlain ? digits.Number() : std::nullopt;
 }
 
 }  // namespace

@@ -36,18 +36,12 @@ double ScanNumber(TextCursor& cursor) {
   const bool negative = at != end && *at == '-';
   if (at != end && (*at == '-' || *at == '+')) ++at;
   support::DecimalDigits digits;
-  at = digits.Take(start, at, end);
+  at = digits.TakeWithPoint(start, at, end);
   std::ptrdiff_t exponent = 0;
-  if (at != end && *at == '.') {
-    const std::ptrdiff_t whole = digits.count;
-    at = digits.Take(start, at + 1, end);
-    exponent = whole - digits.count;
-  }
   at = TakeExponent(at, end, exponent);
   cursor.next = at;
   if (digits.count == 0) return 0.0;
-  if (const std::optional<double> value = digits.TimesPowerOfTen(exponent))
-    return negative ? -*value : *value;
+  if (const std::optional<double> value = digits.Number(exponent)) return negative ? -*value : *value;
   return support::AtoF({start, static_cast<std::size_t>(at - start)});
 }
 

@@ -36,14 +36,41 @@ TEST(DecimalDigits, StopAtTheEndOfTheText) {
   EXPECT_EQ(DigitsOf("1234567890123456").value, 1234567890123456u);
 }
 
-TEST(DecimalDigits, GoOnBehindAPoint) {
-  const std::string text = "12.345";
-  DecimalDigits digits;
-  digits.Take(text.data(), text.data(), text.data() + 2);
-  digits.Take(text.data(), text.data() + 3, text.data() + 6);
-  EXPECT_EQ(digits.value, 12345u);
-  EXPECT_EQ(digits.count, 5);
-  EXPECT_EQ(digits.TimesPowerOfTen(-3), 12.345);
+TEST(DecimalDigits, TakeOnePoint) {
+  struct Case {
+    std::string text;
+    std::uint64_t value;
+    std::ptrdiff_t count;
+    std::ptrdiff_t fraction;
+    std::ptrdiff_t length;
+  };
+  const Case cases[] = {
+      {"12.345", 12345, 5, 3, 6},
+      {"12.345 999", 12345, 5, 3, 6},
+      {"1234.567", 1234567, 7, 3, 8},
+      {"1234.567,", 1234567, 7, 3, 8},
+      {"1234.567890 ", 1234567890, 10, 6, 11},
+      {"1234567.5 ", 12345675, 8, 1, 9},
+      {"12345678.5 ", 123456785, 9, 1, 10},
+      {".5 and more", 5, 1, 1, 2},
+      {"5. and more", 5, 1, 0, 2},
+      {".", 0, 0, 0, 1},
+      {". and more", 0, 0, 0, 1},
+      {"1.2.3 and more", 12, 2, 1, 3},
+      {"0.00012345678901234", 12345678901234, 18, 17, 19},
+      {"12 34.5", 12, 2, 0, 2},
+      {"none", 0, 0, 0, 0},
+      {"", 0, 0, 0, 0},
+  };
+  for (const Case& expected : cases) {
+    DecimalDigits digits;
+    const char* const begin = expected.text.data();
+    const char* const end = digits.TakeWithPoint(begin, begin, begin + expected.text.size());
+    EXPECT_EQ(digits.value, expected.value) << expected.text;
+    EXPECT_EQ(digits.count, expected.count) << expected.text;
+    EXPECT_EQ(digits.fraction, expected.fraction) << expected.text;
+    EXPECT_EQ(end - begin, expected.length) << expected.text;
+  }
 }
 
 TEST(DecimalDigits, AtTheEndOfALongTextAreReadOutOfItsLastWord) {
@@ -78,11 +105,13 @@ TEST(DecimalDigits, AgreeWithDigitByDigit) {
 }
 
 TEST(DecimalDigits, GiveANumberOnlyWhereOneRoundingIsEnough) {
-  EXPECT_EQ((DecimalDigits{9007199254740992, 16}).TimesPowerOfTen(0), 9007199254740992.0);
-  EXPECT_EQ((DecimalDigits{9007199254740993, 16}).TimesPowerOfTen(0), std::nullopt);
-  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(22), 1e22);
-  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(23), std::nullopt);
-  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(-22), 1e-22);
-  EXPECT_EQ((DecimalDigits{1, 1}).TimesPowerOfTen(-23), std::nullopt);
-  EXPECT_EQ((DecimalDigits{1, 20}).TimesPowerOfTen(0), std::nullopt);
+  EXPECT_EQ((DecimalDigits{9007199254740992, 16}).Number(), 9007199254740992.0);
+  EXPECT_EQ((DecimalDigits{9007199254740993, 16}).Number(), std::nullopt);
+  EXPECT_EQ((DecimalDigits{1, 1}).Number(22), 1e22);
+  EXPECT_EQ((DecimalDigits{1, 1}).Number(23), std::nullopt);
+  EXPECT_EQ((DecimalDigits{1, 1}).Number(-22), 1e-22);
+  EXPECT_EQ((DecimalDigits{1, 1}).Number(-23), std::nullopt);
+  EXPECT_EQ((DecimalDigits{12345, 5, 3}).Number(), 12.345);
+  EXPECT_EQ((DecimalDigits{12345, 5, 3}).Number(2), 1234.5);
+  EXPECT_EQ((DecimalDigits{1, 20}).Number(), std::nullopt);
 }
