@@ -27,6 +27,7 @@ std::size_t PixelsOf(const PdfStreamData& data) {
 void DropOutput(PdfStreamData& data) {
   data.decoded.clear();
   data.imagePlane.clear();
+  data.plainPlane = {};
   data.length = 0;
 }
 
@@ -140,7 +141,7 @@ void TakeUnfiltered(PdfStreamData& data) {
     data.decoded += input;
     return;
   }
-  data.imagePlane.insert(data.imagePlane.end(), input.begin(), input.end());
+  data.plainPlane = input;
   if (data.width == 0 || data.height == 0) return;
   data.components = static_cast<std::int32_t>(std::int64_t{data.length} / data.height / data.width);
 }

@@ -28,15 +28,14 @@ class PdfDocument {
 
   std::string path;
   double version = 0.0;
-  std::int32_t fileSize = 0;              ///< bytes
+  std::int32_t fileSize = 0;  ///< bytes
+  std::optional<support::FileBytes> file;
   std::unique_ptr<PdfFileReader> reader;  ///< null before a file was read
   PdfXrefSection section;
   std::int32_t catalog = 0;  ///< object number; 0 where the last trailer names none
 
  private:
   bool ReadHeader(std::string_view fileBytes);
-
-  std::optional<support::FileBytes> file;
 };
 
 }  // namespace pdf

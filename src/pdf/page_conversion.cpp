@@ -109,9 +109,9 @@ void ConvertImage(const PDF_PageImage& source, Entity_ZR::ZR_Image& target) {
   target.channels = image.components;
   target.displayWidth = image.width;
   target.displayHeight = image.height;
-  const unsigned char* bytes = image.bytes.empty() ? &kNoPixels : image.bytes.data();
+  const unsigned char* bytes = image.ByteCount() == 0 ? &kNoPixels : image.Bytes();
   target.pixels = std::shared_ptr<const unsigned char>(source.image, bytes);
-  target.pixelBytes = image.bytes.size();
+  target.pixelBytes = image.ByteCount();
 }
 
 }  // namespace pdf

@@ -15,6 +15,7 @@ namespace pdf {
 struct PdfStreamData {
   std::string decoded;                   ///< the result for anything that is not an image
   std::vector<std::uint8_t> imagePlane;  ///< the result for an image, `components` bytes a pixel, rows packed
+  std::string_view plainPlane;           ///< the same for an image without a filter: its bytes in `input`
   std::int32_t width = 0;                ///< pixels
   std::int32_t height = 0;
   std::int32_t components = 0;  ///< bytes a pixel; computed by the decoding

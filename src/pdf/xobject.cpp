@@ -32,7 +32,7 @@ std::shared_ptr<const PdfImage> ReadImage(ObjectSource& source, const PdfTokens&
   if (!IsAllowedImageSize(data.width, data.height)) return nullptr;
   source.Decode(input, keys, data);
   return std::make_shared<const PdfImage>(
-      PdfImage{std::move(data.imagePlane), data.width, data.height, data.components});
+      PdfImage{std::move(data.imagePlane), data.width, data.height, data.components, data.plainPlane});
 }
 
 /// Takes the tokens of the array behind the key at `index`, at most six.

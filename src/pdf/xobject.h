@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "pdf/object_source.h"
@@ -14,10 +15,16 @@ namespace pdf {
 /// A decoded image: `height` rows of `width` pixels of `components` bytes. The bytes may be fewer, where the
 /// filter gave fewer.
 struct PdfImage {
-  std::vector<std::uint8_t> bytes;
+  const std::uint8_t* Bytes() const {
+    return plainBytes.empty() ? decoded.data() : reinterpret_cast<const std::uint8_t*>(plainBytes.data());
+  }
+  std::size_t ByteCount() const { return plainBytes.empty() ? decoded.size() : plainBytes.size(); }
+
+  std::vector<std::uint8_t> decoded;
   std::int32_t width = 0;
   std::int32_t height = 0;
   std::int32_t components = 0;
+  std::string_view plainBytes;  ///< of an image without a filter, in place of `decoded`; in the file's bytes
 };
 
 /// A form, ready to be run.

@@ -84,7 +84,8 @@ TEST(DecodeStream, FailsForALengthBeyondTheData) {
 TEST(DecodeStream, CountsTheComponentsOfAnUnfilteredImage) {
   const Decoded image({}, "abcdefghijklm", {2, 3});
   EXPECT_EQ(image.data.components, 2);
-  EXPECT_EQ(image.data.imagePlane.size(), 13U);
+  EXPECT_EQ(image.data.plainPlane, "abcdefghijklm");
+  EXPECT_TRUE(image.data.imagePlane.empty());
   EXPECT_EQ(image.data.decoded, "");
 }
 
@@ -254,7 +255,9 @@ TEST(DecodeStream, DropsImagesOfAbsurdSize) {
   for (const ImageSize size : {ImageSize{-1, 5}, ImageSize{5, -1}, ImageSize{-3, -3},
                                ImageSize{2147483647, 2147483647}, ImageSize{1 << 14, (1 << 13) + 1}}) {
     for (const Names& filters : {Names{}, Names{"/DCTDecode"}, Names{"/FlateDecode"}, Names{"/A", "/B"}}) {
-      EXPECT_TRUE(Decoded(filters, "abc", size).data.imagePlane.empty());
+      const Decoded image(filters, "abc", size);
+      EXPECT_TRUE(image.data.imagePlane.empty());
+      EXPECT_TRUE(image.data.plainPlane.empty());
     }
     EXPECT_FALSE(pdf::IsAllowedImageSize(size.width, size.height));
   }
