@@ -1,5 +1,5 @@
-// dump_results FILE: writes every byte that the results of a drawing hand to the caller, but for addresses, and
-// their bounds, to standard output, so that two builds of the library can be compared.
+// dump_results FILE: writes every byte that the results of a drawing hand to the caller, but for addresses,
+// and their bounds, to standard output, so that two builds of the library can be compared.
 #include <cstdio>
 
 #include "dump/result_dump.h"

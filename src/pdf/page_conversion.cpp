@@ -109,9 +109,10 @@ void ConvertImage(const PDF_PageImage& source, Entity_ZR::ZR_Image& target) {
   target.channels = image.components;
   target.displayWidth = image.width;
   target.displayHeight = image.height;
-  const unsigned char* bytes = image.ByteCount() == 0 ? &kNoPixels : image.Bytes();
-  target.pixels = std::shared_ptr<const unsigned char>(source.image, bytes);
-  target.pixelBytes = image.ByteCount();
+  const std::span<const std::uint8_t> bytes = image.Bytes();
+  target.pixels =
+      std::shared_ptr<const unsigned char>(source.image, bytes.empty() ? &kNoPixels : bytes.data());
+  target.pixelBytes = bytes.size();
 }
 
 }  // namespace pdf

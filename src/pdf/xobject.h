@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,10 +16,10 @@ namespace pdf {
 /// A decoded image: `height` rows of `width` pixels of `components` bytes. The bytes may be fewer, where the
 /// filter gave fewer.
 struct PdfImage {
-  const std::uint8_t* Bytes() const {
-    return plainBytes.empty() ? decoded.data() : reinterpret_cast<const std::uint8_t*>(plainBytes.data());
+  std::span<const std::uint8_t> Bytes() const {
+    if (plainBytes.empty()) return decoded;
+    return {reinterpret_cast<const std::uint8_t*>(plainBytes.data()), plainBytes.size()};
   }
-  std::size_t ByteCount() const { return plainBytes.empty() ? decoded.size() : plainBytes.size(); }
 
   std::vector<std::uint8_t> decoded;
   std::int32_t width = 0;

@@ -50,44 +50,44 @@ TEST(ImageXObject, OfThreeBytesAPixelIsTakenAsItStands) {
   EXPECT_EQ(image->width, 2);
   EXPECT_EQ(image->height, 1);
   EXPECT_EQ(image->components, 3);
-  EXPECT_THAT(image->bytes, ElementsAre('a', 'b', 'c', 'd', 'e', 'f'));
+  EXPECT_THAT(image->Bytes(), ElementsAre('a', 'b', 'c', 'd', 'e', 'f'));
 }
 
 TEST(ImageXObject, WithoutAFilterIsItsBytes) {
   const auto image = Image("abcd", "/Width 2 /Height 2").image;
   EXPECT_EQ(image->components, 1);
-  EXPECT_THAT(image->bytes, ElementsAre('a', 'b', 'c', 'd'));
+  EXPECT_THAT(image->Bytes(), ElementsAre('a', 'b', 'c', 'd'));
 }
 
 TEST(ImageXObject, InCmykHasItsBytesTurned) {
   const std::string keys = "/Filter [ /FlateDecode ] /Width 1 /Height 1 /ColorSpace ";
-  EXPECT_THAT(Image(Deflated("abcd"), keys + "/DeviceCMYK").image->bytes, ElementsAre('b', 'c', 'd', 'a'));
-  EXPECT_THAT(Image(Deflated("abcd"), keys + "7 0 R").image->bytes, IsEmpty());
+  EXPECT_THAT(Image(Deflated("abcd"), keys + "/DeviceCMYK").image->Bytes(), ElementsAre('b', 'c', 'd', 'a'));
+  EXPECT_THAT(Image(Deflated("abcd"), keys + "7 0 R").image->Bytes(), IsEmpty());
 }
 
 TEST(ImageXObject, OfAJpegIsWhite) {
   const auto image = Image("jpeg", "/Filter /DCTDecode /Width 3 /Height 2 /ColorSpace /DeviceRGB").image;
   EXPECT_EQ(image->components, 1);
-  EXPECT_THAT(image->bytes, SizeIs(6));
-  EXPECT_THAT(image->bytes, Each(0xFF));
+  EXPECT_THAT(image->Bytes(), SizeIs(6));
+  EXPECT_THAT(image->Bytes(), Each(0xFF));
 }
 
 TEST(ImageXObject, WithTwoFiltersIsWhite) {
   const auto image = Image("x", "/Filter [ /ASCII85Decode /FlateDecode ] /Width 3 /Height 2").image;
-  EXPECT_THAT(image->bytes, SizeIs(6));
-  EXPECT_THAT(image->bytes, Each(0xFF));
+  EXPECT_THAT(image->Bytes(), SizeIs(6));
+  EXPECT_THAT(image->Bytes(), Each(0xFF));
 }
 
 TEST(ImageXObject, MasksHaveNoEffect) {
   const auto image =
       Image("abcd", "/Width 2 /Height 2 /SMask 9 0 R /Mask [ 0 1 ] /ImageMask true /Decode [ 1 0 ]").image;
-  EXPECT_THAT(image->bytes, ElementsAre('a', 'b', 'c', 'd'));
+  EXPECT_THAT(image->Bytes(), ElementsAre('a', 'b', 'c', 'd'));
 }
 
 TEST(ImageXObject, OfAFilterThatDoesNotDecodeHasNoBytes) {
   const auto image = Image("abcd", "/Filter /Unknown /Width 2 /Height 2").image;
   ASSERT_NE(image, nullptr);
-  EXPECT_THAT(image->bytes, IsEmpty());
+  EXPECT_THAT(image->Bytes(), IsEmpty());
   EXPECT_EQ(image->width, 2);
 }
 
