@@ -1,6 +1,6 @@
 #include "versions.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/Version.hpp>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
