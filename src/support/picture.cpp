@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -20,6 +21,12 @@ void* ReallocateForDecoder(void* block, std::size_t size) {
   return size > blockLimit ? nullptr : std::realloc(block, size);
 }
 
+// The decoder copies the nothing of an empty data chunk to a block that it does not have yet, which the C
+// library's function forbids.
+void* CopyForDecoder(void* to, const void* from, std::size_t size) {
+  return size == 0 ? to : std::memcpy(to, from, size);
+}
+
 }  // namespace
 }  // namespace support
 
@@ -29,10 +36,12 @@ void* ReallocateForDecoder(void* block, std::size_t size) {
 #define STBI_NO_STDIO
 #define STB_IMAGE_STATIC
 #define STB_IMAGE_IMPLEMENTATION
+#define memcpy(to, from, size) support::CopyForDecoder(to, from, size)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wunused-function"
 #include <stb/stb_image.h>
 #pragma GCC diagnostic pop
+#undef memcpy
 
 namespace support {
 namespace {

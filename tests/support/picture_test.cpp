@@ -61,6 +61,12 @@ TEST(DecodePicture, KeepsTheNumberOfChannels) {
   EXPECT_EQ(PixelsOf(colourAlpha), (std::vector<int>{1, 2, 3, 4}));
 }
 
+TEST(DecodePicture, ReadsAPngWhoseFirstDataChunkIsEmpty) {
+  std::string file = Png(1, 1, 0, std::string("\0\x05", 2));
+  file.insert(file.find("IDAT") - 4, Chunk("IDAT", ""));
+  EXPECT_EQ(PixelsOf(DecodePicture(file)), (std::vector<int>{5}));
+}
+
 TEST(DecodePicture, TellsTheFormatByTheFirstBytes) {
   const Picture picture = DecodePicture("P5 3 1 255\n\x10\x20\x30");
   EXPECT_EQ(picture.width, 3);
