@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
 
 #include "fuzz/target.h"
@@ -13,6 +14,10 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
                                                unsigned seed);
 
 namespace {
+
+/// Of the processor's time, which a busy machine does not lengthen; the fuzzer's own limit is one of the
+/// clock.
+constexpr double kMostSeconds = 10.0;
 
 const fuzz::Target& TheTarget() { return *fuzz::Targets().front(); }
 
@@ -33,7 +38,10 @@ int LLVMFuzzerInitialize(int*, char***) {
 }
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::clock_t start = std::clock();
   TheTarget().run({reinterpret_cast<const char*>(data), size});
+  const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+  fuzz::Check(seconds < kMostSeconds, "the input took too long");
   return 0;
 }
 
