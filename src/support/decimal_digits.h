@@ -58,16 +58,21 @@ struct DecimalDigits {
   /// the nearest float, where that takes one operation of exact operands (D. M. Gay, "Correctly Rounded
   /// Binary-Decimal and Decimal-Binary Conversions", 1990); nothing otherwise.
   std::optional<double> Number(std::ptrdiff_t exponent = 0) const {
-    constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     constexpr std::uint64_t largestExactInteger = std::uint64_t{1} << 53;
     exponent -= fraction;
     if (count > 19 || value > largestExactInteger || exponent < -22 || exponent > 22) return std::nullopt;
     const auto exact = static_cast<double>(value);
-    return exponent < 0 ? exact / powers[-exponent] : exact * powers[exponent];
+    return exponent < 0 ? exact / kPowersOfTen[-exponent] : exact * kPowersOfTen[exponent];
   }
 
  private:
+  // All powers that a float holds exactly.
+  static constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  static constexpr std::uint64_t kWholePowersOfTen[] = {1,      10,      100,      1000,     10000,
+                                                        100000, 1000000, 10000000, 100000000};
+
   // Eight characters at a time, in the bytes of a word: the lengths of numbers are what a processor guesses
   // worst. A digit's byte is its value, all other characters have more than 9.
 
@@ -85,13 +90,12 @@ struct DecimalDigits {
 
   /// Takes the `digits` digits that lead `word`.
   void TakeOfWord(std::uint64_t word, std::ptrdiff_t digits) {
-    constexpr std::uint64_t powers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
     if (digits == 0) return;
     word <<= 64 - 8 * digits;  // zeros come in where the first digits of eight would stand
     word = (word * 10 + (word >> 8)) & 0x00FF00FF00FF00FF;
     word = (word * 100 + (word >> 16)) & 0x0000FFFF0000FFFF;
     word = (word * 10000 + (word >> 32)) & 0xFFFFFFFF;
-    value = value * powers[digits] + word;
+    value = value * kWholePowersOfTen[digits] + word;
     count += digits;
   }
 

@@ -52,17 +52,22 @@ std::optional<double> PlainDecimal(std::string_view text) {
 }  // namespace
 
 std::int32_t AtoI(std::string_view text) {
+  constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
   text = SkipSpace(text);
   const bool negative = TakeSign(text);
-  constexpr std::uint64_t kMost = std::numeric_limits<std::int64_t>::max();
-  std::size_t zeros = 0;
-  while (zeros < text.size() && text[zeros] == '0') ++zeros;
-  DecimalDigits digits;
-  digits.Take(text.data(), text.data() + zeros, text.data() + text.size());
-  const bool fits = digits.count <= 19 && digits.value <= kMost;
-  const std::uint64_t magnitude = fits ? digits.value : kMost + (negative ? 1 : 0);
-  const std::uint64_t value = negative ? 0 - magnitude : magnitude;
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+  std::uint64_t magnitude = 0;
+  for (const char c : text) {
+    const auto digit = static_cast<unsigned char>(c - '0');
+    if (digit > 9) break;
+    // Once this far, one more digit is too many, or one too many has been read.
+    if (magnitude > most / 10) {
+      magnitude = most + 1;
+    } else {
+      magnitude = magnitude * 10 + digit;
+    }
+  }
+  if (magnitude > most) magnitude = most + (negative ? 1 : 0);
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(negative ? 0 - magnitude : magnitude));
 }
 
 double AtoF(std::string_view text) {
