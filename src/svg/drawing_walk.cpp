@@ -1,5 +1,7 @@
 // The walk over the records of a document: what is drawn, what is skipped, how groups and references nest.
 
+#include <functional>
+
 #include "support/limits.h"
 #include "support/text_to_number.h"
 #include "svg/svg_rw.h"
@@ -87,7 +89,7 @@ void SVG_RW::Draw(const SVG_Element& record, Emitter<Entity> emit, Operation<Ent
                   PARSE::Context context) {
   Entity entity;
   (this->*emit)(record, entity);
-  (sink->*operation)(&entity, context);
+  std::invoke(operation, *sink, &entity, context);
 }
 
 /// Kept: texts inside texts are counted and not drawn; a text that is hidden by a clip path is not counted
