@@ -107,6 +107,31 @@ class RoundTripTest(unittest.TestCase):
         self.assertEqual((len(before), len(after)), (2, 1))
         self.assertIn("1 curves without segments", complaints)
 
+    def test_a_gap_inside_a_curve_is_warned_of(self):
+        # A vertex of the control polygon parts the run of the vertices that spline fitting made.
+        def vertex(x, flags):
+            return f"0\nVERTEX\n8\n0\n10\n{x}\n20\n0\n70\n{flags}\n"
+
+        vertices = vertex(0, 8) + vertex(10, 8) + vertex(15, 16) + vertex(20, 8) + vertex(30, 8)
+        drawing = self.folder / "gap.dxf"
+        drawing.write_text(
+            f"0\nSECTION\n2\nENTITIES\n0\nPOLYLINE\n8\n0\n66\n1\n70\n4\n{vertices}0\nSEQEND\n8\n0\n0\nENDSEC\n0\nEOF\n"
+        )
+        before, after, complaints = self.round_trip(drawing)
+        self.assertEqual([len(curve["segments"]) for curve in before], [2])
+        self.assertEqual([len(curve["segments"]) for curve in after], [1, 1])
+        self.assertIn("1 gaps inside curves", complaints)
+
+    def test_a_density_with_a_fraction_is_warned_of(self):
+        drawing = self.folder / "density.svg"
+        drawing.write_text(
+            '<svg width="9mm" height="9mm" viewBox="0 0 9 9"><g engDensity="12.5"><circle cx="4" cy="4" r="2" stroke="red"/></g></svg>'
+        )
+        before, after, complaints = self.round_trip(drawing)
+        self.assertAlmostEqual(before[0]["settings"]["engStep"], 2.032)
+        self.assertAlmostEqual(after[0]["settings"]["engStep"], 0.08)
+        self.assertIn("1 results have a line spacing", complaints)
+
 
 if __name__ == "__main__":
     unittest.main()
