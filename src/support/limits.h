@@ -207,11 +207,11 @@ constexpr std::size_t kSvgHandedOnPerByte = 8;
 
 /// What an SVG file may draw through references: `use`, and geometry that elements inherit. A record counts
 /// 4, each 64 bytes of its attributes and each segment of a path 1, each byte of a text 16; a unit takes some
-/// 150 bytes of results. Small files get little, but 20,000 uses of a symbol of 1,000 segments stay within
+/// 150 bytes of results. Small files get little, but 20,000 uses of a symbol of 400 segments stay within
 /// the bound. Beyond it references draw nothing.
 constexpr std::size_t kSvgReferencedBase = (std::size_t{1} << 22) / kWorkDivisor;
 constexpr std::size_t kSvgReferencedPerByte = 32;
-constexpr std::size_t kSvgReferencedMost = (std::size_t{1} << 25) / kWorkDivisor;
+constexpr std::size_t kSvgReferencedMost = (std::size_t{1} << 23) / kWorkDivisor;
 
 /// Records that the shapes of an SVG file look up for their gradients; each 64 bytes of attributes that they
 /// copy from them count as one more: a few seconds' work. A hundred thousand shapes with a gradient of ten
