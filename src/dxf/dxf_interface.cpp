@@ -11,7 +11,8 @@ DXF_Interface::~DXF_Interface() = default;
 template <typename Record>
 void DXF_Interface::store(Record&& record) {
   void* room = document->entityMemory.RoomFor<Record>();
-  currentBlock->entities.emplace_back(new (room) Record(std::move(record)));
+  DXF_EntityList::value_type kept(new (room) Record(std::move(record)));
+  currentBlock->entities.push_back(std::move(kept));
 }
 
 template <typename Record>
