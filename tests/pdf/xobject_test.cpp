@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <list>
 #include <zlib.h>
 
 #include "pdf/open_pdf.h"
@@ -24,7 +25,9 @@ std::string Deflated(const std::string& bytes) {
 }
 
 pdf::PdfXObject XObjectIn(PdfBuilder& file, int number) {
-  OpenPdf opened(file.BuildPages({}));
+  // An image without a filter lies in its file's bytes, so the files stay until the program ends.
+  static std::list<OpenPdf> files;
+  OpenPdf& opened = files.emplace_back(file.BuildPages({}));
   pdf::ObjectSource source(opened.document);
   pdf::PdfXObject xobject;
   EXPECT_TRUE(pdf::ReadXObject(source, number, xobject));
