@@ -89,6 +89,8 @@ TEST(ParseColor, KnowsNamesByTheSumOfTheirCharacters) {
   EXPECT_EQ(ParseColor("yellow", ""), Opaque(255, 255, 0));
   EXPECT_EQ(ParseColor("magenta", ""), Opaque(255, 0, 255));
   EXPECT_EQ(ParseColor("RED", ""), Opaque(255, 0, 0));
+  // 122 + 97 + 96 = 315, as red has.
+  EXPECT_EQ(ParseColor("ZA`", ""), Opaque(255, 0, 0));
 }
 
 TEST(ParseColor, KnowsTheSumsThatHaveNoNameOfTheirOwn) {

@@ -137,6 +137,11 @@ TEST(DrawingWalk, CountsTheEndOfATextThatAClipPathHid) {
               ElementsAre("AddText", "AddText"));
 }
 
+TEST(DrawingWalk, DrawsNoTspanWhereHidden) {
+  EXPECT_THAT(Calls("<text><switch><tspan/></switch></text>"), ElementsAre("AddText"));
+  EXPECT_THAT(Calls("<text><defs><tspan/></defs><tspan/></text>"), ElementsAre("AddText", "AddText"));
+}
+
 TEST(DrawingWalk, CountsNoEndOfATextInDefs) {
   EXPECT_THAT(Calls("<g><defs><text/></defs></g><text><tspan/></text>"),
               ElementsAre("BeginGroup", "AddInsert", "EndGroup", "AddText", "AddText"));
@@ -225,6 +230,17 @@ TEST(Use, FollowsNoUseInsideAUse) {
   EXPECT_THAT(Calls("<circle id='c'/><g id='a'><use xlink:href='#c'/><rect/></g><use xlink:href='#a'/>"),
               ElementsAre("AddCircle", "BeginGroup", "AddInsert", "AddCircle", "AddPath", "EndGroup",
                           "BeginGroup", "AddInsert", "AddPath", "EndGroup"));
+}
+
+TEST(Use, SurvivesReferencesInARing) {
+  EXPECT_THAT(Calls("<g id='a'><use xlink:href='#b'/></g><g id='b'><use xlink:href='#a'/></g>"),
+              ElementsAre("BeginGroup", "AddInsert", "BeginGroup", "AddInsert", "EndGroup", "EndGroup",
+                          "BeginGroup", "AddInsert", "BeginGroup", "AddInsert", "EndGroup", "EndGroup"));
+}
+
+TEST(Use, CountsTextDepthAnew) {
+  EXPECT_THAT(Calls("<text id='a'><tspan id='b'/></text><use xlink:href='#a'/><use xlink:href='#b'/>"),
+              ElementsAre("AddText", "AddText", "AddText", "AddText"));
 }
 
 TEST(Use, SurvivesAReferenceToItself) {

@@ -117,6 +117,12 @@ TEST(HostileSvg, LeavesGroupsOpenThatReferencesOpen) {
   EXPECT_EQ(Draw(text)->paths, 1U);
 }
 
+TEST(HostileSvg, DrawsWhatStandsBehindABrokenStyleSheet) {
+  for (const char* const sheet : {"{fill:red}", ".a{}", "{", "}", "{}", "{{", ".a{{", ".{x:y}"}) {
+    EXPECT_EQ(Draw("<svg><style>" + std::string(sheet) + "</style><path/></svg>")->paths, 1U) << sheet;
+  }
+}
+
 TEST(HostileSvg, ReadsALongPath) {
   EXPECT_EQ(Draw("<svg><path d='M0 0" + Repeated("h1", 1000000) + "'/></svg>")->segments, 1000001U);
 }

@@ -46,4 +46,5 @@ TEST(ResolveLength, GivesMillimetresForUnits) {
   EXPECT_EQ(ResolveLength("3mm", 0), 3.0);
   EXPECT_EQ(ResolveLength("3px", 0), 3 * 0.35277777777777775);
   EXPECT_EQ(ResolveLength("3pt", 0), 3 * 0.35277777777777775);
+  EXPECT_EQ(ResolveLength("3mm%", 80), 3 * 0.35277777777777775);
 }

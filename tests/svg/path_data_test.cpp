@@ -106,6 +106,8 @@ TEST(PathData, ClosesWithALineToTheLastMove) {
   EXPECT_THAT(SegmentsOf("M0 0L10 0Zl1 1"), ElementsAre(Move(0, 0), Line(10, 0), Line(0, 0), Line(1, 1)));
   EXPECT_THAT(SegmentsOf("M1 1L5 5M2 2L7 7z"),
               ElementsAre(Move(1, 1), Line(5, 5), Move(2, 2), Line(7, 7), Line(2, 2)));
+  EXPECT_THAT(SegmentsOf("M1 1m2 3h1zh5"),
+              ElementsAre(Move(1, 1), Move(3, 4), Line(4, 4), Line(3, 4), Line(8, 4)));
 }
 
 TEST(PathData, ClosesAlsoWhereThePointAlreadyStands) {
@@ -196,12 +198,24 @@ TEST(PathData, GrowsRadiiThatAreTooSmall) {
   const std::vector<PathSegment> segments = SegmentsOf("M0 0A1 1 0 0 1 20 0");
   ASSERT_EQ(segments.size(), 3U);
   ExpectNear(segments[1].end, {10, -10});
+  // Both grow by the same factor.
+  const std::vector<PathSegment> ellipse = SegmentsOf("M0 0A1 2 0 0 1 20 0");
+  ASSERT_EQ(ellipse.size(), 3U);
+  ExpectNear(ellipse[1].end, {10, -20});
 }
 
 TEST(PathData, TakesRadiiWithoutTheirSign) {
-  const std::vector<PathSegment> segments = SegmentsOf("M0 0A-10 -10 0 0 1 20 0");
-  ASSERT_EQ(segments.size(), 3U);
-  ExpectNear(segments[1].end, {10, -10});
+  for (const char* const radii : {"-10 -10", "-10 10", "10 -10"}) {
+    const std::vector<PathSegment> segments = SegmentsOf(std::string("M0 0A") + radii + " 0 0 1 20 0");
+    ASSERT_EQ(segments.size(), 3U) << radii;
+    ExpectNear(segments[1].end, {10, -10});
+  }
+}
+
+TEST(PathData, DrawsALittleMoreThanAQuarterCircleAsOneCurve) {
+  // 0.0005 and 0.002 radians more: the cosines are -0.0005 and -0.002.
+  EXPECT_EQ(SegmentsOf("M10 0A10 10 0 0 1 -0.005 9.99999875").size(), 2U);
+  EXPECT_EQ(SegmentsOf("M10 0A10 10 0 0 1 -0.02 9.99998").size(), 3U);
 }
 
 TEST(PathData, RotatesTheEllipseOfAnArc) {

@@ -150,6 +150,20 @@ TEST(ApplyStyle, PutsInheritedStylePropertiesAside) {
   EXPECT_THAT(ParametersOf(circle), ElementsAre(Pair("d", "5")));
 }
 
+TEST(ApplyStyle, TakesPropertiesOfAnOuterGroupForPlainAttributesWhereAnInnerGroupHasAStyle) {
+  // The inner group's style text replaces the outer one's, which is not taken apart again.
+  const SvgDrawing drawing("<svg><g style='a:1'><g style='b:2'><circle/></g></g></svg>");
+  const ZR_Circle circle = drawing.Only<ZR_Circle>();
+  EXPECT_THAT(PairsOf(circle, 5), ElementsAre(Pair("b", "2")));
+  EXPECT_THAT(ParametersOf(circle), ElementsAre(Pair("a", "1")));
+}
+
+TEST(ApplyStyle, PlacesByATransformInAStyleAttribute) {
+  const ZR_Circle circle = Circle("style='transform:translate(10)'");
+  EXPECT_EQ(circle.matrix, (Matrix2D{kUnit, 0, 0, kUnit, 10 * kUnit, 0}));
+  EXPECT_THAT(PairsOf(circle, 5), ElementsAre(Pair("transform", "translate(10)")));
+}
+
 TEST(ApplyStyle, HasNoSuchListForPropertiesThatItReads) {
   EXPECT_THAT(Circle("style='fill:red;stroke-width:1'").attributes, IsEmpty());
 }
@@ -217,6 +231,13 @@ TEST(Gradients, TravelWithoutPairsWhereNothingIsLeftOfTheShape) {
   const ZR_Circle circle = Circle("fill='url(#g)'", "<linearGradient id='g'/>");
   EXPECT_THAT(TagsOf(circle), ElementsAre(1));
   EXPECT_THAT(circle.attributes[0].pairs, IsEmpty());
+}
+
+TEST(Gradients, TravelWithTheirPairsBesideATransform) {
+  // The transform is taken out of the shape's attributes only after the fill.
+  const ZR_Circle circle = Circle("fill='url(#g)' transform='scale(1)'", "<linearGradient id='g'/>");
+  EXPECT_THAT(TagsOf(circle), ElementsAre(1));
+  EXPECT_THAT(circle.attributes[0].pairs, ElementsAre(Pair("id", "g")));
 }
 
 TEST(Gradients, TravelWithTheStopsOfTheGradientThatTheyLinkTo) {

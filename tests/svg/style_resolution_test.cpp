@@ -155,6 +155,17 @@ TEST(Inheritance, StaysBehindTheEndOfDefs) {
   EXPECT_EQ(Field("<svg><defs fill='red'/><rect/></svg>", "rect", Svg::kFill), "red");
 }
 
+TEST(Inheritance, StaysBehindTheEndOfASymbol) {
+  EXPECT_EQ(Field("<svg><symbol stroke='blue'/><rect/></svg>", "rect", Svg::kStroke), "blue");
+}
+
+TEST(Inheritance, HandsOnWhatARuleGaveToAGroup) {
+  EXPECT_EQ(Field("<svg><style>g.a{fill:red}</style><g><rect/></g></svg>", "rect", Svg::kFill), "red");
+  EXPECT_EQ(
+      Field("<svg><style>g.a{fill:red}</style><g id='x' stroke='blue'><rect/></g></svg>", "rect", Svg::kFill),
+      "red");
+}
+
 TEST(Inheritance, ComesFromASymbolsOwnAttributesAlone) {
   const LoadedSvg svg("<svg><g fill='red'><symbol stroke='blue'><rect/></symbol></g></svg>");
   EXPECT_EQ(svg.Field(svg.Find("rect"), Svg::kFill), "black");
@@ -189,6 +200,10 @@ TEST(Inheritance, ExpandsAStyleThatNamesAStyle) {
   // The first expansion makes "b:1" the style text, the second one takes that apart.
   const LoadedSvg svg("<svg><g style='style:b:1'><g><rect/></g></g></svg>");
   EXPECT_EQ(svg.Merged(svg.Find("rect"), "b"), "1");
+  const LoadedSvg direct("<svg><g style='style:b:1'><rect/></g></svg>");
+  EXPECT_EQ(direct.Merged(direct.Find("rect"), "b"), "1");
+  const LoadedSvg twice("<svg><g style='style:style:b:1'><g><rect/></g></g></svg>");
+  EXPECT_EQ(twice.Merged(twice.Find("rect"), "b"), "1");
 }
 
 TEST(Inheritance, GivesATspanTheOwnAttributesOfTheText) {
@@ -202,6 +217,11 @@ TEST(Inheritance, GivesATspanTheOutermostTextsAttributes) {
   EXPECT_EQ(
       Field("<svg><text fill='red'><text fill='blue'><tspan/></text></text></svg>", "tspan", Svg::kFill),
       "red");
+}
+
+TEST(Inheritance, GivesATspanTheAttributesOfItsOwnTextAmongSeveral) {
+  EXPECT_EQ(Field("<svg><text fill='red'/><text fill='blue'><tspan/></text></svg>", "tspan", Svg::kFill),
+            "blue");
 }
 
 TEST(Inheritance, GivesATspanBehindATextItsAttributesStill) {
@@ -245,6 +265,17 @@ TEST(StyleRules, ActOnTheTagAloneWithoutAClassAttribute) {
 TEST(StyleRules, ActThroughAnInheritedClass) {
   const LoadedSvg svg("<svg><style>.a{fill:red}</style><g class='a'><rect fill='blue'/></g></svg>");
   EXPECT_EQ(svg.Field(svg.Find("rect"), Svg::kFill), "red");
+}
+
+TEST(StyleRules, ActThroughAClassInAStyleAttribute) {
+  EXPECT_EQ(Field("<svg><style>.a{fill:red}</style><rect style='class:a'/></svg>", "rect", Svg::kFill),
+            "red");
+}
+
+TEST(StyleRules, ActThroughEachOfSeveralClasses) {
+  const LoadedSvg svg("<svg><style>.a{fill:red}.b{stroke:blue}</style><rect class='  b  a '/></svg>");
+  EXPECT_EQ(svg.Field(svg.Find("rect"), Svg::kFill), "red");
+  EXPECT_EQ(svg.Field(svg.Find("rect"), Svg::kStroke), "blue");
 }
 
 TEST(StyleRules, StayOutOfTheStyleProperties) {

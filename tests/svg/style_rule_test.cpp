@@ -65,6 +65,8 @@ TEST(StyleSheet, RemovesWhiteSpaceWhereverItStands) {
   EXPECT_THAT(RulesOf(" .a \n{ fill : red ;\r\n\tstroke : b l u e }\n"),
               ElementsAre(".a{fill:red;stroke:blue;}"));
   EXPECT_THAT(RulesOf(".a .b{fill:red}"), ElementsAre("a.b{fill:red;}"));
+  // Form feeds and vertical tabs are none of it.
+  EXPECT_THAT(RulesOf(".a{x:\fy\v}"), ElementsAre(".a{x:\fy\v;}"));
 }
 
 TEST(StyleSheet, LeavesOtherSelectorsAsTheyStand) {
@@ -111,6 +113,7 @@ TEST(StyleSheet, ReadsALastRuleWithoutItsBrace) {
 
 TEST(StyleSheet, EndsAtARuleWithoutSelector) {
   EXPECT_THAT(RulesOf(".a{fill:red}{fill:blue}.b{x:y}"), ElementsAre(".a{fill:red;}"));
+  EXPECT_THAT(RulesOf(".a{fill:red}{}.b{x:y}"), ElementsAre(".a{fill:red;}"));
 }
 
 TEST(StyleSheet, EndsAtARuleWithoutBody) {

@@ -160,6 +160,14 @@ TEST(FindById, SurvivesAGradientThatLinksToItself) {
                   "linearGradienttail#a"));
 }
 
+TEST(FindById, SurvivesGradientsThatLinkToEachOther) {
+  EXPECT_THAT(Lookup("<svg><linearGradient id='a' xlink:href='#b'><stop id='s'/></linearGradient>"
+                     "<linearGradient id='b' xlink:href='#a'><stop id='t'/></linearGradient></svg>",
+                     "a"),
+              ElementsAre("linearGradient#a", "stop#t", "stoptail#t", "stop#s", "stoptail#s",
+                          "linearGradienttail#a"));
+}
+
 TEST(FindById, EmptiesTheResultWhereNothingIsFound) {
   const LoadedSvg svg("<svg id='a'/>");
   EXPECT_EQ(svg.document->FindById("a").size(), 2U);

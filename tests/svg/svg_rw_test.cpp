@@ -32,7 +32,8 @@ TEST(SvgReader, DrawsNothingFromAMissingFile) {
 }
 
 TEST(SvgReader, DrawsNothingFromAnotherRoot) {
-  for (const char* const text : {"<html><svg><rect/></svg></html>", "<SVG/>", "not xml"}) {
+  for (const char* const text :
+       {"<html><svg><rect/></svg></html>", "<SVG/>", "not xml", "<!-- no root -->"}) {
     const SvgDrawing drawing(text);
     EXPECT_TRUE(drawing.isRead);
     EXPECT_THAT(drawing.Names(), ElementsAre("BeginRead", "BeginFile", "EndFile", "EndRead")) << text;
@@ -101,6 +102,21 @@ TEST(SvgPage, TakesTheFactorOfTheWidthForBothSizes) {
   const Page page = RootPage("width='10cm' height='50mm' x='3' y='4mm'");
   EXPECT_THAT(page.rects, ElementsAre(PARSE::PageRect{3, 4, 100, 500}));
   EXPECT_EQ(page.matrix.a, kUnit);
+}
+
+TEST(SvgPage, TakesASizeInPercentForUserUnits) {
+  EXPECT_THAT(RootPage("width='100%' height='50%'").rects,
+              ElementsAre(PARSE::PageRect{0, 0, 100 * kUnit, 50 * kUnit}));
+}
+
+TEST(SvgPage, TakesItsSizeWhereTheViewBoxIsEmpty) {
+  EXPECT_THAT(RootPage("viewBox='' width='5mm' height='6mm'").rects,
+              ElementsAre(PARSE::PageRect{0, 0, 5, 6}));
+}
+
+TEST(SvgPage, HasNoHeightWhereAWidthAloneScalesTheViewBox) {
+  EXPECT_THAT(RootPage("width='100mm' viewBox='0 0 200 100'").rects,
+              ElementsAre(PARSE::PageRect{0, 0, 100, 0}));
 }
 
 TEST(SvgPage, IsEmptyWithoutSizes) {

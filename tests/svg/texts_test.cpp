@@ -67,6 +67,11 @@ TEST(SvgText, ReadsItsRotation) {
   EXPECT_EQ(Text("").rotation, 0.0);
 }
 
+TEST(SvgText, LeavesABlankRotationInThePairs) {
+  EXPECT_EQ(Text("rotate='  '").rotation, 0.0);
+  EXPECT_EQ(ParameterOf(Text("rotate='  '"), "rotate"), "  ");
+}
+
 TEST(SvgText, IsNotFlippedHere) { EXPECT_EQ(Text("").flipY, 0); }
 
 TEST(SvgText, TakesWhatItReadOutOfThePairs) {
