@@ -195,6 +195,12 @@ TEST(Gradients, SkipTheFirstFiveCharactersOfTheirAddressWhateverTheyAre) {
   EXPECT_EQ(Circle("fill='urlxyg)'", "<linearGradient id='g'/>").fillColor, kBlack);
 }
 
+TEST(Gradients, AreMissedBehindQuotesAndBesideASecondColour) {
+  // The ids are "#g'" and "g)none".
+  EXPECT_EQ(Circle("fill=\"url('#g')\"", "<linearGradient id='g'/>").fillColor, kNone);
+  EXPECT_EQ(Circle("fill='url(#g) none'", "<linearGradient id='g'/>").fillColor, kNone);
+}
+
 TEST(Gradients, HaveTheEmptyIdInAShortAddress) {
   for (const char* const address : {"url", "url(", "url()", "url(#", "url(#)"}) {
     // The first record without an id is the root.
