@@ -83,6 +83,14 @@ TEST(SvgImage, FitsTheBoxAtItsOwnProportions) {
   EXPECT_EQ(tall.position, (Point3{3.5, 2, 0}));
 }
 
+TEST(SvgImage, TakesTheWholeWidthOfABoxThatIsHardlyTooLow) {
+  // 100 / 99.995 is 0.00005 more than 1, and 0.0001 is let pass.
+  const ZR_Image image = Image("width='100' height='99.995' href='" + DataUrl(100, 100) + "'");
+  EXPECT_EQ(image.displayWidth, 100.0);
+  EXPECT_EQ(image.displayHeight, 100.0);
+  EXPECT_NEAR(image.position.y, -0.0025, 1e-12);
+}
+
 TEST(SvgImage, HasItsPixelSizeInABoxOfOneOrLess) {
   for (const char* const box : {"width='10' height='1'", "width='1' height='10'", ""}) {
     const ZR_Image image = Image("x='1' y='2' " + std::string(box) + " href='" + DataUrl(100, 50) + "'");

@@ -115,6 +115,10 @@ TEST(SvgRect, ResolvesUnitsAndSharesOfThePageForItsSize) {
               ElementsAre(Move(5, 0), Line(25, 0), Line(25, 25.4), Line(5, 25.4), Line(5, 0)));
 }
 
+TEST(SvgRect, ReadsItsPlaceAndRadiiWithoutUnits) {
+  EXPECT_EQ(SegmentsOf("<rect x='5cm' y='6in' width='40' height='40' rx='2cm'/>")[0], Move(7, 6));
+}
+
 TEST(SvgRect, RoundsItsCornersClockwise) {
   const std::vector<PathSegment> s = SegmentsOf("<rect width='10' height='20' rx='2' ry='3'/>");
   ASSERT_EQ(s.size(), 9U);
@@ -156,12 +160,14 @@ TEST(SvgRect, IsNotRoundedByRadiiThatSumToNothing) {
   EXPECT_THAT(SegmentsOf("<rect width='10' height='10' rx='-1' ry='1'/>"),
               ElementsAre(Move(-1, 0), Line(11, 0), Line(10, 9), Line(-1, 10), Line(0, 1)));
   EXPECT_EQ(SegmentsOf("<rect width='10' height='4' rx='0.0006' ry='0.0006'/>").size(), 9U);
+  EXPECT_EQ(SegmentsOf("<rect width='10' height='4' rx='-2' ry='-2'/>").size(), 9U);
 }
 
 TEST(SvgRect, TakesTheRadiiOfCornersForAHundredthAtLeast) {
   const std::vector<PathSegment> s = SegmentsOf("<rect width='10' height='4' rx='0.002' ry='0.002'/>");
   ASSERT_EQ(s.size(), 9U);
   ExpectNear(s[2].end, {10 - 0.002 + 0.01, 0.002, 0});
+  ExpectNear(s[4].end, {10 - 0.002, 4 - 0.002 + 0.01, 0});
 }
 
 TEST(SvgShapes, TakeTheirGeometryOutOfThePairs) {

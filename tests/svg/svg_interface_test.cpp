@@ -147,6 +147,13 @@ TEST(FindById, FollowsOneLinkOnly) {
       ElementsAre("linearGradient#c", "linearGradienttail#c"));
 }
 
+TEST(FindById, FollowsALinkThatAGradientInherits) {
+  EXPECT_THAT(Lookup("<svg><linearGradient id='base'><stop id='1'/></linearGradient>"
+                     "<g xlink:href='#base'><linearGradient id='g'/></g></svg>",
+                     "g"),
+              ElementsAre("linearGradient#g", "stop#1", "stoptail#1", "linearGradienttail#g"));
+}
+
 TEST(FindById, FollowsNoLinkOfOtherElements) {
   EXPECT_THAT(
       Lookup("<svg><linearGradient id='a'><stop/></linearGradient><g id='b' xlink:href='#a'/></svg>", "b"),
