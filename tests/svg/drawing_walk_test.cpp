@@ -98,6 +98,7 @@ TEST(DrawingWalk, DrawsNothingOfASwitch) {
 TEST(DrawingWalk, EndsTheHidingAtTheFirstEnd) {
   // The inner end clears what the outer start set.
   EXPECT_THAT(Calls("<clipPath><switch></switch><rect/></clipPath>"), ElementsAre("AddPath"));
+  EXPECT_THAT(Calls("<clipPath><mask/><text/><style/><rect/></clipPath>"), ElementsAre());
 }
 
 TEST(DrawingWalk, DrawsShapesInForeignObjectsAndUnknownElements) {

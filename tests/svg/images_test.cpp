@@ -66,6 +66,14 @@ TEST(SvgImage, LoadsNoFile) {
   EXPECT_EQ(image.visible, 1);
 }
 
+TEST(SvgImage, DecodesWhatStandsBehindTheFirstCommaOfAnImage) {
+  const std::string picture = Base64(GreyPicture(3, 2));
+  EXPECT_EQ(Image("href='data:text/plain;base64," + picture + "'").pixels, nullptr);
+  // Three zero bytes stand before the picture.
+  EXPECT_EQ(Image("href='data:image/x,AAAA," + picture + "'").pixels, nullptr);
+  EXPECT_EQ(Image("href='data:image/x," + picture + "'").width, 3);
+}
+
 TEST(SvgImage, DecodesAllOfAUrlWithoutComma) {
   // "data:image" decodes to bytes that are no picture; nothing breaks.
   EXPECT_EQ(Image("href='data:image'").pixels, nullptr);

@@ -160,6 +160,7 @@ TEST(SvgRect, IsNotRoundedByRadiiThatSumToNothing) {
   EXPECT_THAT(SegmentsOf("<rect width='10' height='10' rx='-1' ry='1'/>"),
               ElementsAre(Move(-1, 0), Line(11, 0), Line(10, 9), Line(-1, 10), Line(0, 1)));
   EXPECT_EQ(SegmentsOf("<rect width='10' height='4' rx='0.0006' ry='0.0006'/>").size(), 9U);
+  EXPECT_EQ(SegmentsOf("<rect width='10' height='4' rx='0.00052' ry='0.0005'/>").size(), 9U);
   EXPECT_EQ(SegmentsOf("<rect width='10' height='4' rx='-2' ry='-2'/>").size(), 9U);
 }
 

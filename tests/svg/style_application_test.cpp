@@ -195,9 +195,10 @@ TEST(Gradients, SkipTheFirstFiveCharactersOfTheirAddressWhateverTheyAre) {
   EXPECT_EQ(Circle("fill='urlxyg)'", "<linearGradient id='g'/>").fillColor, kBlack);
 }
 
-TEST(Gradients, AreMissedBehindQuotesAndBesideASecondColour) {
-  // The ids are "#g'" and "g)none".
+TEST(Gradients, AreMissedInAnyOtherAddress) {
+  // The ids are "#g'", ".svg#g" and "g)none".
   EXPECT_EQ(Circle("fill=\"url('#g')\"", "<linearGradient id='g'/>").fillColor, kNone);
+  EXPECT_EQ(Circle("fill='url(x.svg#g)'", "<linearGradient id='g'/>").fillColor, kNone);
   EXPECT_EQ(Circle("fill='url(#g) none'", "<linearGradient id='g'/>").fillColor, kNone);
 }
 

@@ -137,6 +137,21 @@ TEST(SvgPage, ScalesTheViewBoxToTheSize) {
   EXPECT_NEAR(page.matrix.a, 0.5, 1e-15);
 }
 
+TEST(SvgPage, ScalesTheViewBoxDownAndToANegativeWidth) {
+  const Page smaller = RootPage("width='10mm' height='5mm' viewBox='0 0 200 100'");
+  EXPECT_THAT(smaller.rects, ElementsAre(PARSE::PageRect{0, 0, 10, 5}));
+  EXPECT_NEAR(smaller.matrix.a, 0.05, 1e-15);
+  const Page negative = RootPage("width='-100mm' height='50mm' viewBox='0 0 200 100'");
+  EXPECT_THAT(negative.rects, ElementsAre(PARSE::PageRect{0, 0, -100, 50}));
+  EXPECT_NEAR(negative.matrix.a, -0.5, 1e-15);
+}
+
+TEST(SvgPage, KeepsTheScaleForAWidthThatDiffersByLessThanATenThousandth) {
+  EXPECT_EQ(RootPage("width='200.01px' height='7px' viewBox='0 0 200 100'").matrix.a, kUnit);
+  EXPECT_NEAR(RootPage("width='200.1px' height='7px' viewBox='0 0 200 100'").matrix.a, kUnit * 1.0005, 1e-15);
+  EXPECT_NEAR(RootPage("width='0.0002mm' height='7mm' viewBox='0 0 200 100'").matrix.a, 0.000001, 1e-18);
+}
+
 TEST(SvgPage, ScalesBothAxesByTheWidthAlone) {
   const Page page = RootPage("width='100mm' height='999mm' viewBox='0 0 200 100' preserveAspectRatio='none'");
   EXPECT_THAT(page.rects, ElementsAre(PARSE::PageRect{0, 0, 100, 999}));
