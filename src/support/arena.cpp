@@ -2,23 +2,26 @@
 
 #include <algorithm>
 
-#include "support/huge_pages.h"
-
 namespace support {
 
 namespace {
 
+constexpr std::size_t kLargestOrdinaryChunk = std::size_t{256} << 10;
 constexpr std::size_t kLargestChunk = std::size_t{16} << 20;
+
+std::size_t NextChunk(std::size_t bytes) {
+  if (bytes < kLargestOrdinaryChunk) return 4 * bytes;
+  return std::clamp(2 * bytes, kHugePageBytes, kLargestChunk);
+}
 
 }  // namespace
 
 void Arena::AddChunk(std::size_t leastBytes) {
   const std::size_t bytes = std::max(leastBytes, nextChunkBytes);
-  chunks.push_back(std::make_unique_for_overwrite<std::byte[]>(bytes));
+  chunks.push_back(NewLargeBlock(bytes));
   free = chunks.back().get();
   end = free + bytes;
-  AdviseHugePages(free, bytes);
-  nextChunkBytes = std::min(2 * nextChunkBytes, kLargestChunk);
+  nextChunkBytes = NextChunk(nextChunkBytes);
 }
 
 }  // namespace support

@@ -2,9 +2,10 @@
 #define DRAWLOAD_SUPPORT_ARENA_H
 
 #include <cstddef>
-#include <memory>
 #include <utility>
 #include <vector>
+
+#include "support/large_block.h"
 
 namespace support {
 
@@ -34,10 +35,10 @@ class Arena {
  private:
   void AddChunk(std::size_t leastBytes);
 
-  std::vector<std::unique_ptr<std::byte[]>> chunks;
-  std::size_t nextChunkBytes = std::size_t{16} << 10;  ///< each chunk is twice as large as the one before
-  std::byte* free = nullptr;                           ///< what is left of the last chunk
-  std::byte* end = nullptr;
+  std::vector<LargeBlock> chunks;
+  std::size_t nextChunkBytes = std::size_t{16} << 10;  ///< chunks grow, soon to whole huge pages
+  char* free = nullptr;                                ///< what is left of the last chunk
+  char* end = nullptr;
 };
 
 }  // namespace support

@@ -1,6 +1,5 @@
 #include "support/file_bytes.h"
 
-#include "support/huge_pages.h"
 #include "support/open_file.h"
 
 namespace support {
@@ -9,8 +8,7 @@ std::optional<FileBytes> FileBytes::Read(const std::string& path, std::size_t mo
   const OpenFile file(path);
   const std::optional<std::size_t> size = file.RegularSize();
   if (!size || *size > mostBytes) return std::nullopt;
-  auto bytes = std::make_unique_for_overwrite<char[]>(*size);
-  AdviseHugePages(bytes.get(), *size);
+  LargeBlock bytes = NewLargeBlock(*size);
   const std::optional<std::size_t> filled = file.ReadInto(bytes.get(), *size);
   if (!filled) return std::nullopt;
   return FileBytes(std::move(bytes), *filled);

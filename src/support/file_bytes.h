@@ -3,10 +3,11 @@
 
 #include <cstddef>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "support/large_block.h"
 
 namespace support {
 
@@ -21,9 +22,9 @@ class FileBytes {
   std::string_view View() const { return {bytes.get(), size}; }
 
  private:
-  FileBytes(std::unique_ptr<char[]> contents, std::size_t count) : bytes(std::move(contents)), size(count) {}
+  FileBytes(LargeBlock contents, std::size_t count) : bytes(std::move(contents)), size(count) {}
 
-  std::unique_ptr<char[]> bytes;
+  LargeBlock bytes;
   std::size_t size;
 };
 

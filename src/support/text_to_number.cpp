@@ -51,10 +51,11 @@ std::optional<double> PlainDecimal(std::string_view text) {
 
 }  // namespace
 
-std::int32_t AtoI(std::string_view text) {
+namespace {
+
+/// `AtoI` of digits that may be too many for 32 bits.
+std::int32_t LongAtoI(std::string_view text, bool negative) {
   constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
-  text = SkipSpace(text);
-  const bool negative = TakeSign(text);
   std::uint64_t magnitude = 0;
   for (const char c : text) {
     const auto digit = static_cast<unsigned char>(c - '0');
@@ -68,6 +69,25 @@ std::int32_t AtoI(std::string_view text) {
   }
   if (magnitude > most) magnitude = most + (negative ? 1 : 0);
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(negative ? 0 - magnitude : magnitude));
+}
+
+}  // namespace
+
+std::int32_t AtoI(std::string_view text) {
+  constexpr std::ptrdiff_t safeDigits = 9;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  while (at != end && IsSpace(*at)) ++at;
+  const bool negative = at != end && *at == '-';
+  if (at != end && (*at == '-' || *at == '+')) ++at;
+  const char* const digits = at;
+  std::int32_t magnitude = 0;
+  for (; at != end && IsDigit(*at); ++at) {
+    if (at - digits == safeDigits)
+      return LongAtoI({digits, static_cast<std::size_t>(end - digits)}, negative);
+    magnitude = magnitude * 10 + (*at - '0');
+  }
+  return negative ? -magnitude : magnitude;
 }
 
 double AtoF(std::string_view text) {
