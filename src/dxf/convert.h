@@ -54,7 +54,7 @@ class DXF_Conversion {
 
   std::int32_t units = 0;
   Entity_ZR::Point3 origin;
-  std::unordered_map<const DXF_Layer*, LayerLook> layerLooks;  ///< null: no such layer
+  std::unordered_map<std::string_view, LayerLook> layerLooks;  ///< of the names that came up so far
 };
 
 /// An account of the budget while a block is expanded; the blocks within it share the outermost one's.

@@ -36,11 +36,12 @@ DXF_Conversion::LayerLook DXF_Conversion::resolve(const DXF_Layer& layer) const 
 }
 
 const DXF_Conversion::LayerLook& DXF_Conversion::lookOf(std::string_view layerName) {
-  const DXF_Layer* layer = document.findLayer(layerName);
-  const auto known = layerLooks.find(layer);
-  if (known != layerLooks.end()) return known->second;
-  const LayerLook look = layer == nullptr ? resolve(DXF_Layer()) : resolve(*layer);
-  return layerLooks.emplace(layer, look).first->second;
+  const auto [known, isFirst] = layerLooks.try_emplace(layerName);
+  if (isFirst) {
+    const DXF_Layer* layer = document.findLayer(layerName);
+    known->second = layer == nullptr ? resolve(DXF_Layer()) : resolve(*layer);
+  }
+  return known->second;
 }
 
 const DXF_LType* DXF_Conversion::lineTypeOf(const DXF_Entity& record, const LayerLook& look) const {

@@ -45,6 +45,7 @@ class DXF_Document {
   const DXF_ImageDef* findImageDef(std::uint32_t handle) const;
 
   support::Arena entityMemory;         ///< of what the blocks hold
+  std::size_t conversionUnits = 0;     ///< of all that the blocks hold, see `ConversionUnits`
   std::unique_ptr<DXF_Header> header;  ///< null until the section closes
   std::vector<std::unique_ptr<DXF_Dimstyle>> dimStyles;
   std::vector<std::unique_ptr<DXF_Layer>> layers;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "dxf/expansion_budget.h"
+
 DXF_Interface::DXF_Interface() : document(std::make_unique<DXF_Document>()) {
   currentBlock = document->modelBlock.get();
 }
@@ -13,6 +15,7 @@ void DXF_Interface::store(Record&& record) {
   void* room = document->entityMemory.RoomFor<Record>();
   DXF_EntityList::value_type kept(new (room) Record(std::move(record)));
   currentBlock->entities.push_back(std::move(kept));
+  document->conversionUnits += ConversionUnits(*currentBlock->entities.back());
 }
 
 template <typename Record>

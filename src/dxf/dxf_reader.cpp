@@ -50,11 +50,19 @@ ValueType TypeOf(std::int32_t code) {
   return kValueTypes[static_cast<std::size_t>(code)];
 }
 
+/// The line of a value: less one carriage return at its end.
+bool TakeValueLine(LineStream& stream, std::string_view& line) {
+  const bool clean = stream.readLine(line);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return clean;
+}
+
 }  // namespace
 
 dxfReader::~dxfReader() = default;
 
 bool dxfReader::fetchGroupCode(std::int32_t& code) {
+  if (stream->readShortNumber(code)) return true;
   std::string_view line;
   const bool clean = stream->readLine(line);
   code = support::AtoI(line);
@@ -63,12 +71,13 @@ bool dxfReader::fetchGroupCode(std::int32_t& code) {
 
 bool dxfReader::fetchLine(std::string_view& line) {
   valueKind = 0;
-  const bool clean = stream->readLine(line);
-  if (line.ends_with('\r')) line.remove_suffix(1);
-  return clean;
+  return TakeValueLine(*stream, line);
 }
 
-bool dxfReader::fetchText() { return fetchLine(textValue); }
+bool dxfReader::fetchText() {
+  valueKind = 0;
+  return TakeValueLine(*stream, textValue);
+}
 
 bool dxfReader::fetchShort() {
   valueKind = 1;
@@ -89,9 +98,9 @@ bool dxfReader::fetchWide() {
 }
 
 bool dxfReader::fetchReal() {
-  valueKind = 3;
+  valueKind = 0;
   std::string_view line;
-  if (!fetchLine(line)) return false;
+  if (!TakeValueLine(*stream, line)) return false;
   realValue = support::AtoF(line);
   return true;
 }
@@ -106,19 +115,19 @@ bool dxfReader::fetchFlag() {
 
 bool dxfReader::nextGroup(std::int32_t& code) {
   do {
-    if (!fetchGroupCode(code)) return false;
-    if (!fetchValue(code)) return false;
+    if (!dxfReader::fetchGroupCode(code) || !fetchValue(code)) return false;
   } while (code == kComment && skipComments);
   return true;
 }
 
+/// Nearly all values are numbers with fractions and texts: they and the codes do without a virtual call.
 bool dxfReader::fetchValue(std::int32_t code) {
   switch (TypeOf(code)) {
-    case ValueType::kText: return fetchText();
+    case ValueType::kText: return dxfReader::fetchText();
     case ValueType::kShort: return fetchShort();
     case ValueType::kLong: return fetchLong();
     case ValueType::kWide: return fetchWide();
-    case ValueType::kReal: return fetchReal();
+    case ValueType::kReal: return dxfReader::fetchReal();
     case ValueType::kFlag: return fetchFlag();
   }
   return false;

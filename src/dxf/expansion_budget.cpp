@@ -98,25 +98,13 @@ std::size_t PointsOf(const DXF_Entity& record) {
   }
 }
 
-std::size_t UnitsOf(const DXF_Entity& record) { return 4 + PointsOf(record); }
-
-std::size_t UnitsOf(const DXF_EntityList& records) {
-  std::size_t units = 0;
-  for (const auto& record : records) units += UnitsOf(*record);
-  return units;
-}
-
-std::size_t UnitsOf(const DXF_Document& document) {
-  std::size_t units = UnitsOf(document.modelBlock->entities);
-  for (const auto& block : document.blocks) units += UnitsOf(block->entities);
-  return units;
-}
-
 }  // namespace
+
+std::size_t ConversionUnits(const DXF_Entity& record) { return 4 + PointsOf(record); }
 
 void DXF_ExpansionBudget::Open(const DXF_Document& document) {
   using namespace support::limits;
-  if (!left) left = kExpansionBase + kExpansionPerUnit * UnitsOf(document);
+  if (!left) left = kExpansionBase + kExpansionPerUnit * document.conversionUnits;
   account = *left / 2;
   *left -= account;
 }
@@ -128,7 +116,7 @@ void DXF_ExpansionBudget::Close() {
 
 bool DXF_ExpansionBudget::Pay(const DXF_Entity& record, int depth) {
   const int beyond = std::max(0, depth - support::limits::kInsertUsualDepth);
-  const std::size_t price = UnitsOf(record) * (1 + static_cast<std::size_t>(beyond));
+  const std::size_t price = ConversionUnits(record) * (1 + static_cast<std::size_t>(beyond));
   if (price > account) {
     account = 0;
     return false;

@@ -6,6 +6,9 @@
 
 #include "dxf/dxf_document.h"
 
+/// What the conversion of a record costs: 4, and 1 for each of its points or an arc's quarter turns.
+std::size_t ConversionUnits(const DXF_Entity& record);
+
 /// How much the expansion of blocks may still make of one drawing. Blocks that insert blocks that insert
 /// blocks ask for numbers of entities that grow with the power of their nesting.
 class DXF_ExpansionBudget {
@@ -20,7 +23,7 @@ class DXF_ExpansionBudget {
   bool Pay(const DXF_Entity& record, int depth);
 
  private:
-  std::optional<std::size_t> left;  ///< counted when the first account opens
+  std::optional<std::size_t> left;  ///< set when the first account opens
   std::size_t account = 0;
 };
 

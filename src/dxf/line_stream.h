@@ -11,44 +11,58 @@
 /// read meets the end of the bytes.
 class LineStream {
  public:
-  explicit LineStream(std::string_view bytes) : rest(bytes) {}
+  explicit LineStream(std::string_view bytes) : next(bytes.data()), end(next + bytes.size()) {}
 
   /// Reads up to the next line feed. A last line without one is stored, but the result is false; so is every
   /// later one, which then leaves `line` alone.
   bool readLine(std::string_view& line) {
     if (!isClean) return false;
-    const std::size_t length = lineLength();
-    if (length == std::string_view::npos) {
-      line = rest;
-      rest = {};
-      isClean = false;
-      return false;
+    const char* const feed = lineFeed();
+    line = {next, static_cast<std::size_t>(feed - next)};
+    isClean = feed != end;
+    next = isClean ? feed + 1 : end;
+    return isClean;
+  }
+
+  /// Reads a line of three characters, blanks and then digits, as nearly all group codes stand in a file.
+  /// False, and nothing read, where there is another line.
+  bool readShortNumber(std::int32_t& number) {
+    if (!isClean || end - next < 5) return false;
+    const std::size_t feed = next[3] == '\r' ? 4 : 3;
+    if (next[feed] != '\n') return false;
+    std::int32_t value = 0;
+    for (const char* at = next; at != next + 3; ++at) {
+      const auto digit = static_cast<unsigned char>(*at - '0');
+      if (digit > 9 && (*at != ' ' || at == next + 2 || (at != next && at[-1] != ' '))) return false;
+      value = 10 * value + (digit > 9 ? 0 : digit);
     }
-    line = rest.substr(0, length);
-    rest.remove_prefix(length + 1);
+    number = value;
+    next += feed + 1;
     return true;
   }
 
   bool clean() const { return isClean; }
-  std::size_t remaining() const { return rest.size(); }
+  std::size_t remaining() const { return static_cast<std::size_t>(end - next); }
 
  private:
-  /// Where the next line feed stands. Nearly all lines are a few characters long, so the first ones are
-  /// looked at in two words here, without a call.
-  std::size_t lineLength() const {
+  /// The next line feed, or the end of the bytes. Nearly all lines are a few characters long, so the first
+  /// ones are looked at in two words here, without a call.
+  const char* lineFeed() const {
     if constexpr (std::endian::native == std::endian::little) {
-      for (std::size_t at = 0; at < 16 && at + 8 <= rest.size(); at += 8) {
+      for (const char* at = next; at != next + 16 && end - at >= 8; at += 8) {
         std::uint64_t word = 0;
-        std::memcpy(&word, rest.data() + at, sizeof word);
+        std::memcpy(&word, at, sizeof word);
         word ^= 0x0A0A0A0A0A0A0A0A;  // the first byte that is zero now was a line feed
         const std::uint64_t zeros = (word - 0x0101010101010101) & ~word & 0x8080808080808080;
-        if (zeros != 0) return at + static_cast<std::size_t>(std::countr_zero(zeros)) / 8;
+        if (zeros != 0) return at + std::countr_zero(zeros) / 8;
       }
     }
-    return rest.find('\n');
+    const void* const feed = next == end ? nullptr : std::memchr(next, '\n', remaining());
+    return feed == nullptr ? end : static_cast<const char*>(feed);
   }
 
-  std::string_view rest;
+  const char* next;
+  const char* end;
   bool isClean = true;
 };
 

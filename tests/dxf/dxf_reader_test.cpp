@@ -231,6 +231,29 @@ TEST(DxfReader, ReservesNoMoreThanTheRestOfTheFileCouldHold) {
   EXPECT_EQ(source.reader.reservable(-1, 4), 0U);
 }
 
+TEST(LineStream, ReadsANumberOfThreeCharacters) {
+  LineStream stream("  0\n 10\r\n100\nrest\n");
+  for (const std::int32_t expected : {0, 10, 100}) {
+    std::int32_t number = -1;
+    EXPECT_TRUE(stream.readShortNumber(number));
+    EXPECT_EQ(number, expected);
+  }
+  std::string_view line;
+  EXPECT_TRUE(stream.readLine(line));
+  EXPECT_EQ(line, "rest");
+}
+
+TEST(LineStream, LeavesEveryOtherLineAsItStands) {
+  for (const std::string text : {"10\nab\n", "1000\na\n", "1 0\na\n", "   \na\n", "1  \na\n", "-10\na\n",
+                                 " +1\na\n", "\t10\na\n", " 10\rab\n", " 10\n", " 10", ""}) {
+    LineStream stream(text);
+    std::int32_t number = 7;
+    EXPECT_FALSE(stream.readShortNumber(number)) << text;
+    EXPECT_EQ(number, 7);
+    EXPECT_EQ(stream.remaining(), text.size());
+  }
+}
+
 TEST(LineStream, IsNotCleanOnceALineHadNoLineFeed) {
   LineStream stream("a\nb");
   std::string_view line;
