@@ -32,7 +32,7 @@ double TurnBetween(double a1, double a2, double bulge) {
 
 }  // namespace
 
-ZR_Arc::ZR_Arc(Point3 from, double bulge, Point3 to) : ZR_Arc() {
+ArcShape::ArcShape(Point3 from, double bulge, Point3 to) {
   if (std::fabs(bulge) < kSmallestBulge) return;
   const double t = (1.0 / bulge - bulge) * 0.5;
   const double cx = ((to.x + from.x) - (to.y - from.y) * t) * 0.5;

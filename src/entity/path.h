@@ -30,10 +30,19 @@ class ZR_Path : public ZR_Entity {
   ZR_Path() : ZR_Entity(kPath) { segments.push_back({kMoveTo, {}}); }
 
   /// Overwrites the last segment if it is a move, otherwise appends one.
-  void MoveTo(double x, double y);
-  void LineTo(double x, double y);
-  void QuadTo(Point3 control, Point3 end);
-  void CubicTo(Point3 control1, Point3 control2, Point3 end);
+  void MoveTo(double x, double y) {
+    if (segments.empty() || segments.back().type != kMoveTo) {
+      segments.push_back({kMoveTo, {x, y, 0.0}});
+    } else {
+      segments.back().end.x = x;
+      segments.back().end.y = y;
+    }
+  }
+  void LineTo(double x, double y) { segments.push_back({kLineTo, {x, y, 0.0}}); }
+  void QuadTo(Point3 control, Point3 end) { segments.push_back({kQuadTo, end, control}); }
+  void CubicTo(Point3 control1, Point3 control2, Point3 end) {
+    segments.push_back({kCubicTo, end, control1, control2});
+  }
   /// Appends a line to the point of the last move. An empty path stays as it is.
   void Close();
 

@@ -1,6 +1,7 @@
 #include "sink/arc_to_bezier.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -32,6 +33,39 @@ double NormalisedEnd(bool reversed, double startAngle, double endAngle) {
   return endAngle;
 }
 
+/// The parameter of an ellipse at some angle.
+struct Parameter {
+  double value;
+  double cosine;
+  double sine;
+};
+
+Parameter ParameterAt(double angle, double rx, double ry) {
+  const double value = std::atan2(std::sin(angle) * rx, std::cos(angle) * ry);
+  return {value, std::cos(value), std::sin(value)};
+}
+
+/// The same on a circle, where the quarters of a turn come up again and again. There, the radius drops out of
+/// the arc tangent: its rounding changes the angle by less than 1e-32, and that rounds to the same float. Not
+/// so next to angle 0, where the floats lie closer.
+Parameter ParameterOnCircle(double angle, double radius) {
+  static constexpr int kQuarters = 3;
+  static const auto kAtQuarters = [] {
+    std::array<Parameter, 2 * kQuarters + 1> made;
+    for (int i = -kQuarters; i <= kQuarters; ++i) {
+      made[static_cast<std::size_t>(i + kQuarters)] = ParameterAt(i * kQuarterTurn, 1.0, 1.0);
+    }
+    return made;
+  }();
+  const double quarters = angle / kQuarterTurn;
+  if (std::isfinite(radius) && std::fabs(quarters) <= kQuarters) {
+    const int nearest = static_cast<int>(std::lround(quarters));
+    if (nearest != 0 && angle == nearest * kQuarterTurn)
+      return kAtQuarters[static_cast<std::size_t>(nearest + kQuarters)];
+  }
+  return ParameterAt(angle, radius, radius);
+}
+
 /// Where one section ends and the next begins: the ellipse parameter with its point and tangent.
 struct Knot {
   double parameter;
@@ -51,9 +85,7 @@ class Ellipse {
         rySine(std::sin(rotation) * ry) {}
 
   Knot KnotAt(double angle) const {
-    const double e = std::atan2(std::sin(angle) * rx, std::cos(angle) * ry);
-    const double cosine = std::cos(e);
-    const double sine = std::sin(e);
+    const auto [e, cosine, sine] = rx == ry ? ParameterOnCircle(angle, rx) : ParameterAt(angle, rx, ry);
     return {e,
             {rxCosine * cosine + center.x - rySine * sine, rxSine * cosine + center.y + ryCosine * sine, 0.0},
             {-rxCosine * sine - rySine * cosine, ryCosine * cosine - rxSine * sine, 0.0}};
@@ -89,10 +121,10 @@ void AppendSection(std::vector<Point3>& points, const Knot& first, const Knot& s
 
 }  // namespace
 
-std::vector<Point3> ArcToBezier(bool reversed, Point3 center, double ry, double rotation, double startAngle,
-                                double endAngle, double rx) {
-  std::vector<Point3> points;
-  if (!AnglesAreUsable(startAngle, endAngle)) return points;
+void ArcToBezier(bool reversed, Point3 center, double ry, double rotation, double startAngle, double endAngle,
+                 double rx, std::vector<Point3>& points) {
+  points.clear();
+  if (!AnglesAreUsable(startAngle, endAngle)) return;
   if (rx < kSmallestRadius) rx = kSmallestRadius;
   if (ry < kSmallestRadius) ry = kSmallestRadius;
   endAngle = NormalisedEnd(reversed, startAngle, endAngle);
@@ -110,5 +142,4 @@ std::vector<Point3> ArcToBezier(bool reversed, Point3 center, double ry, double 
     first = second;
     angle = next;
   } while (std::fabs(angle - endAngle) > kAngleTolerance);
-  return points;
 }

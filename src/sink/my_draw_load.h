@@ -96,8 +96,8 @@ class CMyDrawLoad : public PARSE::DrawLoader {
 
   /// An empty curve for a line, a circle or an ellipse, with its colour and processing block.
   CFileCurve* NewShapeCurve(const Entity_ZR::ZR_Entity& entity);
-  /// One curve of the Bezier sections of `points`, four points each; false where there are none.
-  bool AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector<Entity_ZR::Point3>& points);
+  /// One curve of the Bezier sections in `arcPoints`; false where there are none.
+  bool AddShape(const Entity_ZR::ZR_Entity& entity);
 
   /// Whether an arc between these angles may still be drawn; takes its turns from what the file has left.
   bool TakeTurns(double startAngle, double endAngle);
@@ -128,6 +128,7 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   std::size_t bitmapBytes = 0;                    ///< of all bitmaps so far
 
   double arcTurnsLeft = support::limits::kFileArcTurns;
+  std::vector<Entity_ZR::Point3> arcPoints;  ///< of the arc in hand, four for each of its sections
 
   /// What is left for splitting the intervals of this drawing's rational splines.
   std::uint64_t splineSplitWork = support::limits::kDrawingSplitWork;

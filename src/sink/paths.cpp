@@ -7,28 +7,25 @@
 namespace {
 
 using Entity_ZR::PathSegment;
-using Entity_ZR::Point3;
 
-/// Appends one drawn segment to `curve`; false for a type that draws nothing.
+/// Appends one drawn segment from `from` to `to` to `curve`; false for a type that draws nothing.
 /// Kept: control points are mapped by the path's matrix in its own record, and the control point of a
 /// quadratic curve serves as both controls of the cubic.
 bool AppendSegment(ResultStore& store, CFileCurve& curve, const CoordinateChain& chain,
-                   const Matrix2D& matrix, Point3 from, PathSegment& segment) {
+                   const Matrix2D& matrix, FilePosition from, FilePosition to, PathSegment& segment) {
   switch (segment.type) {
-    case Entity_ZR::kLineTo:
-      store.AppendLine(curve, chain.Place(from), chain.Place(segment.end));
-      return true;
+    case Entity_ZR::kLineTo: store.AppendLine(curve, from, to); return true;
     case Entity_ZR::kQuadTo: {
       segment.control1 = matrix.Apply(segment.control1);
       const FilePosition control = chain.PlaceDocumentPoint(segment.control1);
-      store.AppendCubic(curve, chain.Place(from), control, control, chain.Place(segment.end));
+      store.AppendCubic(curve, from, control, control, to);
       return true;
     }
     case Entity_ZR::kCubicTo:
       segment.control1 = matrix.Apply(segment.control1);
       segment.control2 = matrix.Apply(segment.control2);
-      store.AppendCubic(curve, chain.Place(from), chain.PlaceDocumentPoint(segment.control1),
-                        chain.PlaceDocumentPoint(segment.control2), chain.Place(segment.end));
+      store.AppendCubic(curve, from, chain.PlaceDocumentPoint(segment.control1),
+                        chain.PlaceDocumentPoint(segment.control2), to);
       return true;
     default: return false;
   }
@@ -74,19 +71,20 @@ bool CMyDrawLoad::AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) {
   }
   const CoordinateChain chain = ChainOf(*entity);
   CFileCurve* curve = NewPathCurve(*entity);
-  Point3 current;
+  FilePosition current = chain.Place({});
   for (PathSegment& segment : entity->segments) {
+    const FilePosition end = chain.Place(segment.end);
     if (segment.type == Entity_ZR::kMoveTo) {
       if (curve->segmentCount != 0) {
         store.Append(PathHolder(), curve);
         curve = NewPathCurve(*entity);
       }
-    } else if (AppendSegment(store, *curve, chain, entity->matrix, current, segment)) {
+    } else if (AppendSegment(store, *curve, chain, entity->matrix, current, end, segment)) {
       curve->color = ResultColor(*entity);
     } else {
       continue;
     }
-    current = segment.end;
+    current = end;
   }
   // Kept: a path that ends in a move leaves the curves before it in the group, which the next one replaces.
   if (curve->segmentCount != 0) {

@@ -3,8 +3,10 @@
 #include "entity/polylines.h"
 
 #include <cmath>
+#include <optional>
 
 #include "entity/shapes.h"
+#include "sink/arc_sections.h"
 #include "sink/arc_to_bezier.h"
 #include "sink/my_draw_load.h"
 
@@ -18,13 +20,18 @@ constexpr double kClosedTolerance = 0.0001;
 /// Appends the spans of one polyline to a curve.
 class SpanWriter {
  public:
-  SpanWriter(ResultStore& results, CFileCurve& target, const CoordinateChain& coordinates, Point3 firstVertex)
-      : store(results), curve(target), chain(coordinates), start(firstVertex) {}
+  SpanWriter(ResultStore& results, CFileCurve& target, const CoordinateChain& coordinates, Point3 firstVertex,
+             std::vector<Point3>& roomForArcs)
+      : store(results),
+        curve(target),
+        chain(coordinates),
+        start(coordinates.Place(firstVertex)),
+        points(roomForArcs) {}
 
   /// The span between two neighbours, of which the first one states the bulge.
   void AppendSpan(Point3 from, double bulge, Point3 to) {
     if (std::fabs(bulge) >= kSmallestBulge) {
-      AppendArc(Entity_ZR::ArcFromBulge(from, bulge, to));
+      AppendArc(Entity_ZR::ArcShape(from, bulge, to));
     } else {
       AppendStraight(to);
     }
@@ -32,24 +39,23 @@ class SpanWriter {
 
  private:
   void AppendStraight(Point3 to) {
-    store.AppendLine(curve, chain.Place(start), chain.Place(to));
-    start = to;
+    const FilePosition end = chain.Place(to);
+    store.AppendLine(curve, start, end);
+    start = end;
   }
 
-  void AppendArc(const Entity_ZR::ZR_Arc& arc) {
-    const std::vector<Point3> points =
-        ArcToBezier(arc.reversed != 0, arc.center, arc.radius, 0.0, arc.startAngle, arc.endAngle, arc.radius);
-    for (std::size_t i = 0; i + 3 < points.size(); i += 4) {
-      store.AppendCubic(curve, chain.Place(points[i]), chain.Place(points[i + 1]), chain.Place(points[i + 2]),
-                        chain.Place(points[i + 3]));
-    }
-    if (!points.empty()) start = points.back();
+  void AppendArc(const Entity_ZR::ArcShape& arc) {
+    ArcToBezier(arc.reversed != 0, arc.center, arc.radius, 0.0, arc.startAngle, arc.endAngle, arc.radius,
+                points);
+    if (points.empty()) return;
+    start = AppendSections(store, curve, points, [this](Point3 point) { return chain.Place(point); });
   }
 
   ResultStore& store;
   CFileCurve& curve;
   const CoordinateChain& chain;
-  Point3 start;  ///< end of the span before, as drawn
+  FilePosition start;  ///< end of the span before, as drawn
+  std::vector<Point3>& points;
 };
 
 Point3 PointOf(const Entity_ZR::LWVertex& vertex) { return {vertex.x, vertex.y, 0.0}; }
@@ -62,9 +68,9 @@ bool EndsApart(const Entity_ZR::ZR_Polyline& polyline) {
 }
 
 void AppendVertices(ResultStore& store, CFileCurve& curve, const CoordinateChain& chain,
-                    const Entity_ZR::ZR_Polyline& polyline) {
+                    const Entity_ZR::ZR_Polyline& polyline, std::vector<Point3>& roomForArcs) {
   const auto& vertices = polyline.vertices;
-  SpanWriter spans(store, curve, chain, PointOf(*vertices.front()));
+  SpanWriter spans(store, curve, chain, PointOf(*vertices.front()), roomForArcs);
   for (std::size_t i = 1; i < vertices.size(); ++i) {
     spans.AppendSpan(PointOf(*vertices[i - 1]), vertices[i - 1]->bulge, PointOf(*vertices[i]));
   }
@@ -78,16 +84,15 @@ void AppendVertices(ResultStore& store, CFileCurve& curve, const CoordinateChain
 /// nothing and part the runs; neither bulges nor the closed bit count.
 void FitVertices(ResultStore& store, CFileCurve& curve, const CoordinateChain& chain,
                  const Entity_ZR::ZR_Polyline& polyline) {
-  const Entity_ZR::PolylineVertex* previous = nullptr;
+  std::optional<FilePosition> previous;
   for (const auto& vertex : polyline.vertices) {
     if ((vertex->vertexFlags & Entity_ZR::kVertexFromSplineFit) == 0) {
-      previous = nullptr;
+      previous.reset();
       continue;
     }
-    if (previous != nullptr) {
-      store.AppendLine(curve, chain.Place(PointOf(*previous)), chain.Place(PointOf(*vertex)));
-    }
-    previous = vertex.get();
+    const FilePosition place = chain.Place(PointOf(*vertex));
+    if (previous) store.AppendLine(curve, *previous, place);
+    previous = place;
   }
 }
 
@@ -98,7 +103,7 @@ bool CMyDrawLoad::AddLWPolyline(Entity_ZR::ZR_LWPolyline* entity, PARSE::Context
   if (!entity->IsShown() || vertices.empty()) return false;
   CFileCurve* curve = store.NewCurve();
   const CoordinateChain chain = ChainOf(*entity);
-  SpanWriter spans(store, *curve, chain, PointOf(vertices.front()));
+  SpanWriter spans(store, *curve, chain, PointOf(vertices.front()), arcPoints);
   for (std::size_t i = 1; i < vertices.size(); ++i) {
     spans.AppendSpan(PointOf(vertices[i - 1]), vertices[i - 1].bulge, PointOf(vertices[i]));
   }
@@ -118,7 +123,7 @@ bool CMyDrawLoad::AddPolyline(Entity_ZR::ZR_Polyline* entity, PARSE::Context) {
   if ((entity->polylineFlags & Entity_ZR::kPolylineSplineFit) != 0) {
     FitVertices(store, *curve, chain, *entity);
   } else {
-    AppendVertices(store, *curve, chain, *entity);
+    AppendVertices(store, *curve, chain, *entity, arcPoints);
   }
   curve->color = ResultColor(*entity);
   AddResult(curve);

@@ -5,24 +5,12 @@
 
 #include "entity/shapes.h"
 #include "result/processing_block.h"
+#include "sink/arc_sections.h"
 #include "sink/arc_to_bezier.h"
 #include "sink/my_draw_load.h"
 #include "sink/parameters.h"
 
-namespace {
-
 using Entity_ZR::Point3;
-
-/// Appends one segment for each four points; `place` maps a point to the result.
-template <typename Place>
-void AppendSections(ResultStore& store, CFileCurve& curve, const std::vector<Point3>& points, Place place) {
-  for (std::size_t i = 0; i + 3 < points.size(); i += 4) {
-    store.AppendCubic(curve, place(points[i]), place(points[i + 1]), place(points[i + 2]),
-                      place(points[i + 3]));
-  }
-}
-
-}  // namespace
 
 CFileCurve* CMyDrawLoad::NewShapeCurve(const Entity_ZR::ZR_Entity& entity) {
   CFileCurve* curve = store.NewCurve();
@@ -35,11 +23,11 @@ CFileCurve* CMyDrawLoad::NewShapeCurve(const Entity_ZR::ZR_Entity& entity) {
   return curve;
 }
 
-bool CMyDrawLoad::AddShape(const Entity_ZR::ZR_Entity& entity, const std::vector<Point3>& points) {
-  if (points.empty()) return false;
+bool CMyDrawLoad::AddShape(const Entity_ZR::ZR_Entity& entity) {
+  if (arcPoints.empty()) return false;
   CFileCurve* curve = NewShapeCurve(entity);
   const CoordinateChain chain = ChainOf(entity);
-  AppendSections(store, *curve, points, [&](Point3 p) { return chain.Place(p); });
+  AppendSections(store, *curve, arcPoints, [&](Point3 p) { return chain.Place(p); });
   AddResult(curve);
   return true;
 }
@@ -64,27 +52,28 @@ bool CMyDrawLoad::AddLine(Entity_ZR::ZR_Line* entity, PARSE::Context) {
 
 bool CMyDrawLoad::AddCircle(Entity_ZR::ZR_Circle* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
-  return AddShape(*entity, ArcToBezier(true, entity->center, entity->radius, 0.0, 0.0, 2.0 * std::numbers::pi,
-                                       entity->radius));
+  ArcToBezier(true, entity->center, entity->radius, 0.0, 0.0, 2.0 * std::numbers::pi, entity->radius,
+              arcPoints);
+  return AddShape(*entity);
 }
 
 bool CMyDrawLoad::AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context) {
   if (!entity->IsShown() || !TakeTurns(entity->startAngle, entity->endAngle)) return false;
-  return AddShape(*entity,
-                  ArcToBezier(entity->reversed != 0, entity->center, entity->radiusY, entity->rotation,
-                              entity->startAngle, entity->endAngle, entity->radiusX));
+  ArcToBezier(entity->reversed != 0, entity->center, entity->radiusY, entity->rotation, entity->startAngle,
+              entity->endAngle, entity->radiusX, arcPoints);
+  return AddShape(*entity);
 }
 
 // Kept: an arc takes neither its own matrix nor any processing block, unlike all other shapes.
 bool CMyDrawLoad::AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context) {
   if (!entity->IsShown() || !TakeTurns(entity->startAngle, entity->endAngle)) return false;
-  const std::vector<Point3> points = ArcToBezier(entity->reversed != 0, entity->center, entity->radius, 0.0,
-                                                 entity->startAngle, entity->endAngle, entity->radius);
-  if (points.empty()) return false;
+  ArcToBezier(entity->reversed != 0, entity->center, entity->radius, 0.0, entity->startAngle,
+              entity->endAngle, entity->radius, arcPoints);
+  if (arcPoints.empty()) return false;
   CFileCurve* curve = store.NewCurve();
   curve->color = ResultColor(*entity);
   const CoordinateChain chain = ChainOf(*entity);
-  AppendSections(store, *curve, points, [&](Point3 p) { return chain.PlaceDocumentPoint(p); });
+  AppendSections(store, *curve, arcPoints, [&](Point3 p) { return chain.PlaceDocumentPoint(p); });
   AddResult(curve);
   return true;
 }

@@ -15,9 +15,16 @@ constexpr double kPi = std::numbers::pi;
 // Handle length of a quarter circle of radius 1: 4/3 · (√2 − 1).
 constexpr double kQuarter = 4.0 / 3.0 * (std::numbers::sqrt2 - 1.0);
 
+std::vector<Point3> BezierOf(bool reversed, Point3 center, double ry, double rotation, double start,
+                             double end, double rx) {
+  std::vector<Point3> points = {{9, 9, 9}};  // of an arc before
+  ArcToBezier(reversed, center, ry, rotation, start, end, rx, points);
+  return points;
+}
+
 /// An arc of the unit circle about the origin.
 std::vector<Point3> UnitArc(double start, double end, bool reversed = false) {
-  return ArcToBezier(reversed, {}, 1.0, 0.0, start, end, 1.0);
+  return BezierOf(reversed, {}, 1.0, 0.0, start, end, 1.0);
 }
 
 std::size_t Sections(const std::vector<Point3>& points) {
@@ -114,7 +121,7 @@ TEST(ArcToBezier, EndsASectionWhereItFallsOutsideTheSnap) {
 }
 
 TEST(ArcToBezier, TurnsTheFirstAxisByTheRotation) {
-  const auto points = ArcToBezier(false, {5, 7, 0}, 1.0, kPi / 2, 0.0, kPi / 2, 2.0);
+  const auto points = BezierOf(false, {5, 7, 0}, 1.0, kPi / 2, 0.0, kPi / 2, 2.0);
   ASSERT_EQ(Sections(points), 1u);
   EXPECT_THAT(points[0], IsAt(5, 9));
   EXPECT_THAT(points[1], IsAt(5 - kQuarter, 9));
@@ -127,7 +134,7 @@ TEST(ArcToBezier, ReadsAnglesAsDirectionsSeenFromTheCentre) {
   const double along = 4.0 / std::sqrt(5.0);
   const double parameter = std::atan(2.0);
   const double k = 4.0 / 3.0 * std::tan(parameter / 4.0);
-  const auto points = ArcToBezier(false, {}, 2.0, 0.0, 0.0, kPi / 4, 4.0);
+  const auto points = BezierOf(false, {}, 2.0, 0.0, 0.0, kPi / 4, 4.0);
   ASSERT_EQ(Sections(points), 1u);
   EXPECT_THAT(points[0], IsAt(4, 0));
   EXPECT_THAT(points[1], IsAt(4, 2 * k));
@@ -144,15 +151,15 @@ TEST(ArcToBezier, TakesTheShortSweepAcrossTheBackOfTheCircle) {
 }
 
 TEST(ArcToBezier, RaisesSmallRadiiToAHundredth) {
-  const auto points = ArcToBezier(false, {}, -3.0, 0.0, 0.0, kPi / 2, 0.0);
+  const auto points = BezierOf(false, {}, -3.0, 0.0, 0.0, kPi / 2, 0.0);
   ASSERT_EQ(Sections(points), 1u);
   EXPECT_THAT(points[0], IsAt(0.01, 0));
   EXPECT_THAT(points[3], IsAt(0, 0.01));
-  EXPECT_THAT(ArcToBezier(false, {}, 0.01, 0.0, 0.0, kPi / 2, 0.02)[0], IsAt(0.02, 0));
+  EXPECT_THAT(BezierOf(false, {}, 0.01, 0.0, 0.0, kPi / 2, 0.02)[0], IsAt(0.02, 0));
 }
 
 TEST(ArcToBezier, SetsZToZero) {
-  for (const Point3& point : ArcToBezier(false, {1, 2, 3}, 1.0, 0.0, 0.0, 1.0, 1.0)) EXPECT_EQ(point.z, 0.0);
+  for (const Point3& point : BezierOf(false, {1, 2, 3}, 1.0, 0.0, 0.0, 1.0, 1.0)) EXPECT_EQ(point.z, 0.0);
 }
 
 TEST(ArcToBezier, GivesNothingForAnglesThatAreNotFinite) {
@@ -176,7 +183,7 @@ TEST(ArcToBezier, GivesNothingForAnglesThatAQuarterTurnDoesNotChange) {
 
 TEST(ArcToBezier, KeepsTheHandlesOfASectionWithoutSweepFinite) {
   // Seen from the centre of an ellipse this flat, both directions fall on the same parameter.
-  for (const Point3& point : ArcToBezier(false, {}, 0.01, 0.0, 0.5, 1.0, 1e18)) {
+  for (const Point3& point : BezierOf(false, {}, 0.01, 0.0, 0.5, 1.0, 1e18)) {
     EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
   }
 }
