@@ -157,6 +157,8 @@ def svg_seeds():
         write("path_data", name, text)
     write("transform_list", "all", "translate(1,2) rotate(45 1 1)scale(2)\nskewX(10) , skewY(-5) matrix(1 0 0 1 5 5)")
     write("transform_list", "broken", "rotate(1 2 3 4) scale(")
+    write("xml_source", "plain", "<?xml version='1.0'?>\n<!-- <svg a='no'/> -->\n<svg a='1' b=\"2\"><g c = '' d='it\"s'/></svg>")
+    write("xml_source", "changed", "\ufeff<!DOCTYPE svg><svg a='&lt;&#65;' b='x\r\ny' c='x\n\ry'>t<b d='&amp'/></svg>")
     write("css", "rules", ".a{fill:red;stroke:#0f0}rect.b{display : none}\nc{stroke-width:2px;:x;y}.a{fill:blue}")
     write("css", "odd", "a.b.c{x:y}{z:1}}{ .a { b } d{e:f{g:h}} rect a")
     for name, text in (("hex", "#1a2B3c 0.5"), ("short", "#fff"), ("rgb", "rgb(1, 20%, 300) 50%"), ("name", "red 1"),

@@ -15,7 +15,7 @@
 
 namespace Svg {
 
-/// One attribute. Its value lies in an `AttributeStore`.
+/// One attribute. Its value lies in an `AttributeStore` or in the bytes of the file.
 struct AttributeEntry {
   AttributeEntry(AttributeKey attributeKey, std::string_view value)
       : data(value.data()), size(static_cast<std::uint32_t>(value.size())), key(attributeKey) {}

@@ -67,16 +67,15 @@ SvgDocumentWalker::SvgDocumentWalker(std::string filePath, SVG_Interface& record
       recordLimit(std::numeric_limits<std::size_t>::max()) {}
 
 void SvgDocumentWalker::Load() {
-  auto file = support::FileBytes::Read(path);
-  if (!file || file->View().size() > support::limits::kSvgFileBytes || !IsWithinXmlBounds(file->View()))
-    return;
+  owner.file = support::FileBytes::Read(path, support::limits::kSvgFileBytes);
+  if (!owner.file || !IsWithinXmlBounds(owner.file->View())) return;
+  const std::string_view bytes = owner.file->View();
   tinyxml2::XMLDocument document(true, tinyxml2::PRESERVE_WHITESPACE);
-  document.Parse(file->View().data(), file->View().size());
-  owner.fileBytes = file->View().size();
-  resolver.emplace(owner.store, queue, owner.fileBytes);
-  file.reset();
+  document.Parse(bytes.data(), bytes.size());
   if (document.Error()) return;
   loadOk = true;
+  source.emplace(bytes, document);
+  resolver.emplace(owner.store, queue, bytes.size());
   Walk(document);
   HandOverRules();
 }
@@ -105,7 +104,7 @@ void SvgDocumentWalker::StartElement(const tinyxml2::XMLElement& node, const Ele
   SVG_Element record;
   record.elementType = name.elementType;
   record.elementName = name.elementName;
-  resolver->ReadWritten(record, node.FirstAttribute());
+  resolver->ReadWritten(record, node.FirstAttribute(), *source);
   if (record.elementType != ElementType::Style) pathNames.push_back(&name);
   ResolveByType(record, node);
   nameStack.push_back(record.id);

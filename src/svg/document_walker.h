@@ -11,6 +11,7 @@
 
 #include "svg/element.h"
 #include "svg/style_resolution.h"
+#include "svg/xml_source.h"
 
 namespace tinyxml2 {
 class XMLDocument;
@@ -54,6 +55,7 @@ class SvgDocumentWalker {
   SVG_Interface& owner;
   RuleQueue queue;
   std::optional<StyleResolver> resolver;
+  std::optional<XmlSource> source;            ///< while the XML tree stands
   std::vector<std::string_view> nameStack;    ///< ids of the open elements
   std::vector<const ElementName*> pathNames;  ///< names of the open elements; see `EndElement` for `style`
   const InheritedAttributes* inheritedAttributes = nullptr;

@@ -3,6 +3,8 @@
 #include <string>
 #include <tinyxml2.h>
 
+#include "svg/xml_source.h"
+
 namespace Svg {
 
 namespace {
@@ -16,10 +18,10 @@ void AppendTo(std::string_view& kept, std::string_view text, AttributeStore& sto
 
 SVG_Element::~SVG_Element() = default;
 
-void SVG_Element::ReadAttributes(const tinyxml2::XMLAttribute* first, AttributeStore& store,
-                                 std::vector<AttributeEntry>& entries) const {
+void SVG_Element::ReadAttributes(const tinyxml2::XMLAttribute* first, const XmlSource& source,
+                                 AttributeStore& store, std::vector<AttributeEntry>& entries) const {
   for (const auto* attribute = first; attribute != nullptr; attribute = attribute->Next()) {
-    entries.emplace_back(store.KeyOf(attribute->Name()), store.Store(attribute->Value()));
+    entries.emplace_back(store.KeyOf(attribute->Name()), source.ValueOf(*attribute, store));
   }
 }
 

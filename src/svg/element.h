@@ -15,6 +15,8 @@ class XMLAttribute;
 
 namespace Svg {
 
+class XmlSource;
+
 enum class ElementType : std::int32_t {
   Svg = 0,
   G = 1,
@@ -54,7 +56,8 @@ struct InheritedAttributes {
 };
 
 /// One record of a document: the start of an element or, as `ElementType::Tail`, its end. Nesting shows in
-/// the order of the records alone. All texts lie in the document's `AttributeStore`.
+/// the order of the records alone. All texts lie in the document's `AttributeStore` or
+/// in the bytes of its file.
 ///
 /// The merged attributes of a record are the inherited entries, then its own attributes as written, then the
 /// properties of its "style" attribute, then the properties of the style sheet rules that act on it; what
@@ -67,8 +70,8 @@ class SVG_Element {
   virtual ~SVG_Element();
 
   /// Appends the XML attributes from `first` on, which may be null, to `entries`.
-  virtual void ReadAttributes(const tinyxml2::XMLAttribute* first, AttributeStore& store,
-                              std::vector<AttributeEntry>& entries) const;
+  virtual void ReadAttributes(const tinyxml2::XMLAttribute* first, const XmlSource& source,
+                              AttributeStore& store, std::vector<AttributeEntry>& entries) const;
   /// Appends `text` to `content`, unless it is empty or what already stands there.
   virtual void AppendText(std::string_view text, AttributeStore& store);
   /// Appends `text` to `secondaryContent`.

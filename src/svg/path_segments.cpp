@@ -54,16 +54,22 @@ double SweptAngle(double from, double to, bool sweep) {
   return delta;
 }
 
-void AddArcPiece(Path& path, const EllipseFrame& frame, Point centre, double alpha, double beta) {
-  const double quarterSine = std::sin((beta - alpha) / 4.0);
-  const double t = 8.0 / 3.0 * quarterSine * quarterSine / std::sin((beta - alpha) / 2.0);
-  const double sinA = std::sin(alpha);
-  const double cosA = std::cos(alpha);
-  const double sinB = std::sin(beta);
-  const double cosB = std::cos(beta);
-  const Point control1 = {cosA + centre.x - t * sinA, sinA + centre.y + t * cosA};
-  const Point end = {cosB + centre.x, sinB + centre.y};
-  const Point control2 = {end.x + t * sinB, end.y - t * cosB};
+/// A point of the unit circle.
+struct Direction {
+  explicit Direction(double radians) : angle(radians), sine(std::sin(radians)), cosine(std::cos(radians)) {}
+
+  double angle;
+  double sine;
+  double cosine;
+};
+
+void AddArcPiece(Path& path, const EllipseFrame& frame, Point centre, const Direction& a,
+                 const Direction& b) {
+  const double quarterSine = std::sin((b.angle - a.angle) / 4.0);
+  const double t = 8.0 / 3.0 * quarterSine * quarterSine / std::sin((b.angle - a.angle) / 2.0);
+  const Point control1 = {a.cosine + centre.x - t * a.sine, a.sine + centre.y + t * a.cosine};
+  const Point end = {b.cosine + centre.x, b.sine + centre.y};
+  const Point control2 = {end.x + t * b.sine, end.y - t * b.cosine};
   path.AddCubic(frame.FromUnit(end), frame.FromUnit(control1), frame.FromUnit(control2));
 }
 
@@ -109,8 +115,11 @@ void Path::AddArc(double rx, double ry, double rotationDegrees, bool largeArc, b
   const double delta = SweptAngle(theta0, std::atan2(spoke1.y, spoke1.x), sweep);
   if (!std::isfinite(delta)) return;
   const int pieces = static_cast<int>(std::ceil(std::fabs(delta / kLargestArcPiece)));
-  for (int i = 0; i < pieces; ++i) {
-    AddArcPiece(*this, frame, centre, theta0 + i * delta / pieces, theta0 + (i + 1) * delta / pieces);
+  Direction from(theta0);
+  for (int i = 1; i <= pieces; ++i) {
+    const Direction to(theta0 + i * delta / pieces);
+    AddArcPiece(*this, frame, centre, from, to);
+    from = to;
   }
 }
 

@@ -40,9 +40,10 @@ StyleResolver::StyleResolver(AttributeStore& attributeStore, RuleQueue& ruleQueu
       storeBytesLeft(support::limits::kSvgHandedOnBase +
                      support::limits::kSvgHandedOnPerByte * documentBytes) {}
 
-void StyleResolver::ReadWritten(SVG_Element& record, const tinyxml2::XMLAttribute* first) {
+void StyleResolver::ReadWritten(SVG_Element& record, const tinyxml2::XMLAttribute* first,
+                                const XmlSource& source) {
   entries.clear();
-  record.ReadAttributes(first, store, entries);
+  record.ReadAttributes(first, source, store, entries);
   record.ownCount = static_cast<std::uint32_t>(entries.size());
   if (const AttributeEntry* const style = LastOf(entries, kStyle)) {
     const std::string_view text = style->Value();

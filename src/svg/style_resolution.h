@@ -18,7 +18,7 @@ class StyleResolver {
   StyleResolver(AttributeStore& attributeStore, RuleQueue& ruleQueue, std::size_t documentBytes);
 
   /// Fills `record` with its own attributes and the properties of its "style" attribute.
-  void ReadWritten(SVG_Element& record, const tinyxml2::XMLAttribute* first);
+  void ReadWritten(SVG_Element& record, const tinyxml2::XMLAttribute* first, const XmlSource& source);
   /// Reads the style sheet of a `style` record, then gives `record` what it inherits, the properties of the
   /// rules that act on `elementName`, and its id.
   void Resolve(SVG_Element& record, std::string_view elementName, const InheritedAttributes* inherited);

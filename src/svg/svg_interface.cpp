@@ -1,6 +1,8 @@
 #include "svg/svg_interface.h"
 
 #include <algorithm>
+#include <new>
+#include <tuple>
 
 #include "support/text_to_number.h"
 #include "svg/document_walker.h"
@@ -56,7 +58,7 @@ SVG_Interface::SVG_Interface(std::string filePath) : path(std::move(filePath)) {
 SVG_Interface::~SVG_Interface() = default;
 
 void SVG_Interface::AddElement(const SVG_Element& record) {
-  elements.push_back(&storedElements.emplace_back(record));
+  elements.push_back(new (elementMemory.RoomFor<SVG_Element>()) SVG_Element(record));
 }
 
 void SVG_Interface::AddStyleRule(std::string_view className, const StyleRule& rule) {
@@ -72,9 +74,16 @@ const StyleProperties* SVG_Interface::ClassProperties(std::string_view className
 void SVG_Interface::BuildIndex() {
   hasIndex = true;
   nextOfSameId.assign(elements.size(), 0);
+  placesById.reserve(elements.size() / 2 + 1);
+  auto place = placesById.end();
   for (RecordIndex i = 0; i < elements.size(); ++i) {
-    const auto [place, isFirst] = placesById.try_emplace(elements[i]->id, IdPlaces{i, i, true, 0});
-    if (isFirst) continue;
+    const std::string_view id = elements[i]->id;
+    // The tail of an element without content stands right behind its start.
+    if (place == placesById.end() || place->first != id) {
+      bool isFirst = false;
+      std::tie(place, isFirst) = placesById.try_emplace(id, IdPlaces{i, i, true, 0});
+      if (isFirst) continue;
+    }
     IdPlaces& places = place->second;
     nextOfSameId[places.last] = i;
     if (places.isInside) places.closedRecords += i - places.last + 1;

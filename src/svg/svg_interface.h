@@ -3,13 +3,15 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "support/arena.h"
+#include "support/file_bytes.h"
 #include "svg/element.h"
 #include "svg/style_rule.h"
 
@@ -53,7 +55,7 @@ class SVG_Interface {
 
   bool loaded = false;  ///< the file could be read and is well-formed XML
   std::string path;
-  std::size_t fileBytes = 0;
+  std::optional<support::FileBytes> file;  ///< its bytes are the values of most attributes
   RecordList lookupResult;
   RecordList elements;
   AttributeStore store;
@@ -76,7 +78,7 @@ class SVG_Interface {
   std::string_view LinkedGradient(std::string_view id);
   std::string_view HrefOf(const SVG_Element& record) const;
 
-  std::deque<SVG_Element> storedElements;
+  support::Arena elementMemory;  ///< records own nothing: their memory is all that there is to free
   bool hasIndex = false;
   std::unordered_map<std::string_view, IdPlaces> placesById;
   std::vector<RecordIndex> nextOfSameId;  ///< by record; 0 where there is none

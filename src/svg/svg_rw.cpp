@@ -28,7 +28,7 @@ bool SVG_RW::Read(const std::string& filePath, PARSE::Context context) {
     groupAttributes.emplace(document->store);
     referencedAttributes.emplace(document->store);
     styleProperties.emplace(document->store);
-    referencedUnitsLimit = LimitOfReferences(document->fileBytes);
+    referencedUnitsLimit = LimitOfReferences(document->file->View().size());
     DrawElements(document->elements, context);
   }
   sink->EndFile(context);

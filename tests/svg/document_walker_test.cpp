@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <tinyxml2.h>
 
+#include "svg/xml_source.h"
 #include "svg_drawing.h"
 
 using Svg::ElementType;
@@ -93,7 +95,7 @@ TEST(DocumentWalker, KeepsTheOwnAttributesAsWritten) {
 TEST(DocumentWalker, ReadsNoAttributesFromNull) {
   Svg::AttributeStore store;
   std::vector<Svg::AttributeEntry> entries;
-  SVG_Element().ReadAttributes(nullptr, store, entries);
+  SVG_Element().ReadAttributes(nullptr, Svg::XmlSource({}, tinyxml2::XMLDocument()), store, entries);
   EXPECT_THAT(entries.empty(), true);
 }
 
