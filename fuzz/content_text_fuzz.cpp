@@ -13,7 +13,7 @@ constexpr std::size_t kMostCompared = 4096;
 
 /// Rewrites a text as the content of a page, against the literal replacements, and walks its lines.
 void Run(std::string_view input) {
-  const std::string text = pdf::NormaliseContentText(input);
+  const std::string text(pdf::NormaliseContentText(input).View());
   if (input.size() <= kMostCompared) {
     std::string naiveText(input);
     naive::NormaliseContentText(naiveText);

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
-#include <string>
 #include <utility>
 
 namespace pdf {
@@ -93,11 +92,11 @@ constexpr CharacterSet kOperandCharacters("0123456789.-+ ");
 /// A text of bounded length, written from front to back.
 class Output {
  public:
-  explicit Output(std::size_t mostBytes) { text.resize(mostBytes); }
+  explicit Output(std::size_t mostBytes) : text(support::NewLargeBlock(mostBytes)) {}
 
   void Put(char c) { text[size++] = c; }
   void Append(std::string_view run) {
-    std::memcpy(text.data() + size, run.data(), run.size());
+    std::memcpy(text.get() + size, run.data(), run.size());
     size += run.size();
   }
   void Fill(std::size_t count, char c) {
@@ -107,13 +106,10 @@ class Output {
   char& Last(std::size_t distance) { return text[size - distance]; }
   std::size_t Size() const { return size; }
 
-  std::string Take() {
-    text.resize(size);
-    return std::move(text);
-  }
+  support::BlockText Take() { return {std::move(text), size}; }
 
  private:
-  std::string text;
+  support::LargeBlock text;
   std::size_t size = 0;
 };
 
@@ -183,7 +179,7 @@ class LineJoiner {
     }
   }
 
-  std::string Take() {
+  support::BlockText Take() {
     FlushBlanks();
     return result.Take();
   }
@@ -264,7 +260,7 @@ class ContentWriter {
     result.Append(run);
   }
 
-  std::string Take() { return result.Take(); }
+  support::BlockText Take() { return result.Take(); }
 
  private:
   Output result;
@@ -375,7 +371,7 @@ void CopyInside(std::string_view text, ContentWriter& writer) {
   }
 }
 
-std::string JoinLines(std::string_view text) {
+support::BlockText JoinLines(std::string_view text) {
   LineJoiner joiner(text.size());
   ForEachStretch(
       text,
@@ -388,9 +384,9 @@ std::string JoinLines(std::string_view text) {
 
 }  // namespace
 
-std::string NormaliseContentText(std::string_view text) {
-  const std::string joined = JoinLines(text);
-  const std::string_view view = joined;
+support::BlockText NormaliseContentText(std::string_view text) {
+  const support::BlockText joined = JoinLines(text);
+  const std::string_view view = joined.View();
   // At most every other character gets a line end behind it: two make an operator or a blank and a "Q".
   ContentWriter writer(view.size() + view.size() / 2);
   const auto rewrite = [&](std::size_t from, std::size_t to, bool outside) {

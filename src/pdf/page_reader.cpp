@@ -64,8 +64,8 @@ PDF_Page PageReader::ReadPage(std::int32_t number) {
       ReadContentsKey(tokens, i, contents);
     }
   }
-  const std::string text = ContentText(contents);
-  ContentInterpreter(resources, source.Budget(), page).Run(text);
+  const support::BlockText text = ContentText(contents);
+  ContentInterpreter(resources, source.Budget(), page).Run(text.View());
   inserted.clear();
   return page;
 }
@@ -126,12 +126,12 @@ void PageReader::KeepContent(std::int32_t number, KeptContent content) {
 }
 
 /// The streams' texts, one behind the other with nothing between them, normalised.
-std::string PageReader::ContentText(const std::vector<std::int32_t>& numbers) {
+support::BlockText PageReader::ContentText(const std::vector<std::int32_t>& numbers) {
   std::vector<ContentStream> streams;
   for (const std::int32_t number : numbers) streams.push_back(FindContent(number));
   if (streams.size() == 1) {
     const auto text = DecodeContent(streams.front());
-    return source.Budget().Take(text->size()) ? NormaliseContentText(*text) : std::string();
+    return source.Budget().Take(text->size()) ? NormaliseContentText(*text) : support::BlockText();
   }
   std::string joined;
   for (const ContentStream& stream : streams) {

@@ -42,7 +42,7 @@ class PageReader {
   ContentStream FindContent(std::int32_t number);
   std::shared_ptr<const std::string> DecodeContent(const ContentStream& content);
   void KeepContent(std::int32_t number, KeptContent content);
-  std::string ContentText(const std::vector<std::int32_t>& numbers);
+  support::BlockText ContentText(const std::vector<std::int32_t>& numbers);
 
   ObjectSource source;
   ResourceReader resourceReader;

@@ -52,7 +52,7 @@ std::string PrepareContent(const PdfForm& form, const PdfStreamData& data, PdfWo
   text += "cm\n";
   AppendDecoded(data, text);
   if (!budget.Take(2 * text.size())) return {};
-  return NormaliseContentText(NormaliseContentText(text));
+  return std::string(NormaliseContentText(NormaliseContentText(text).View()).View());
 }
 
 std::shared_ptr<const PdfForm> ReadForm(ObjectSource& source, const PdfTokens& tokens,

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <string>
 
-using pdf::NormaliseContentText;
-
 namespace {
+
+std::string Normalised(std::string_view text) { return std::string(pdf::NormaliseContentText(text).View()); }
 
 struct Rewriting {
   const char* text;
@@ -20,7 +20,7 @@ class Rewritings : public testing::TestWithParam<Rewriting> {};
 // The operator before a blank ends its line.
 TEST_P(Operators, EndTheirLineBeforeABlank) {
   const std::string name = GetParam();
-  EXPECT_EQ(NormaliseContentText("1 " + name + " 2"), "1 " + name + "\n2");
+  EXPECT_EQ(Normalised("1 " + name + " 2"), "1 " + name + "\n2");
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Operators,
@@ -30,13 +30,11 @@ INSTANTIATE_TEST_SUITE_P(Table, Operators,
 
 TEST_P(Operators, StayWithinStringsAndArrays) {
   const std::string name = GetParam();
-  EXPECT_EQ(NormaliseContentText("(1 " + name + " 2)"), "(1 " + name + " 2)");
-  EXPECT_EQ(NormaliseContentText("[1 " + name + " 2]"), "[1 " + name + " 2]");
+  EXPECT_EQ(Normalised("(1 " + name + " 2)"), "(1 " + name + " 2)");
+  EXPECT_EQ(Normalised("[1 " + name + " 2]"), "[1 " + name + " 2]");
 }
 
-TEST_P(Rewritings, GiveTheExpectedText) {
-  EXPECT_EQ(NormaliseContentText(GetParam().text), GetParam().expected);
-}
+TEST_P(Rewritings, GiveTheExpectedText) { EXPECT_EQ(Normalised(GetParam().text), GetParam().expected); }
 
 INSTANTIATE_TEST_SUITE_P(
     Table, Rewritings,
@@ -65,18 +63,18 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(NormaliseContentText, KeepsTextInNestedStringsOnlyBehindTheLastOpeningParenthesis) {
   // The last "(" before the next ")" decides, so what stands between two opening ones counts as outside.
   // Behind the inner string it still is the one before the next ")", so the rest counts as inside.
-  EXPECT_EQ(NormaliseContentText("(a m (b m ) m )"), "(a m\n(b m ) m )");
+  EXPECT_EQ(Normalised("(a m (b m ) m )"), "(a m\n(b m ) m )");
 }
 
 TEST(NormaliseContentText, TakesAClosingBracketWithoutAnOpeningOneForNone) {
-  EXPECT_EQ(NormaliseContentText("1 m 2) 3 m 4] m 5"), "1 m\n2) 3 m\n4] m\n5");
+  EXPECT_EQ(Normalised("1 m 2) 3 m 4] m 5"), "1 m\n2) 3 m\n4] m\n5");
 }
 
 TEST(NormaliseContentText, TakesAnOpeningBracketWithoutAClosingOneForNone) {
-  EXPECT_EQ(NormaliseContentText("(1 m 2 [3 m 4"), "(1 m\n2 [3 m\n4");
+  EXPECT_EQ(Normalised("(1 m 2 [3 m 4"), "(1 m\n2 [3 m\n4");
 }
 
 TEST(NormaliseContentText, PutsAPathOnOneLineForEachOperator) {
-  EXPECT_EQ(NormaliseContentText("q 1 0 0 1 5 5 cm 0 0 m 10 0 l 10\n10 l h S Q\n"),
+  EXPECT_EQ(Normalised("q 1 0 0 1 5 5 cm 0 0 m 10 0 l 10\n10 l h S Q\n"),
             "q\n1 0 0 1 5 5 cm\n0 0 m\n10 0 l\n10\n10 l\nh\nS\nQ\n");
 }

@@ -48,7 +48,7 @@ void ExpectSameContentTexts(const Pieces& pieces, std::size_t most, int texts) {
   TextMaker maker(20260102);
   for (int i = 0; i < texts; ++i) {
     const std::string text = maker.Make(pieces, most);
-    ASSERT_EQ(pdf::NormaliseContentText(text), NaiveContentText(text)) << '"' << text << '"';
+    ASSERT_EQ(pdf::NormaliseContentText(text).View(), NaiveContentText(text)) << '"' << text << '"';
   }
 }
 

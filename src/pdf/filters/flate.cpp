@@ -5,11 +5,17 @@
 #include <new>
 #include <zlib.h>
 
+#include "support/large_block.h"
+
 namespace pdf {
 
 namespace {
 
-constexpr std::size_t kFirstRoom = 51200;
+constexpr std::size_t kLeastRoom = 51200;
+/// Pages seldom come out longer than so many times their stream.
+constexpr std::size_t kUsualGrowth = 4;
+/// Room that is filled with zeros at a time: little enough to stay in the processor's caches.
+constexpr std::size_t kMostZeroed = std::size_t{256} << 10;
 
 class Inflater {
  public:
@@ -34,7 +40,13 @@ FlateResult ResultOf(int code) {
   return code == Z_MEM_ERROR ? FlateResult::kOutOfMemory : FlateResult::kCorrupt;
 }
 
-/// Inflates into the end of `output`, whose room grows to half as much again each time.
+/// Makes room for `bytes` more at the end of `output`, of which nothing is touched yet.
+void Reserve(std::string& output, std::size_t bytes) {
+  output.reserve(output.size() + bytes);
+  support::AdviseHugePages(output.data(), output.capacity());
+}
+
+/// Inflates into the end of `output`.
 FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& output) {
   Inflater inflater;
   z_stream& zlib = inflater.zlib;
@@ -42,11 +54,13 @@ FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& outp
   const std::size_t start = output.size();
   std::size_t taken = 0;
   std::size_t filled = start;
-  std::size_t room = std::max(kFirstRoom, input.size());
   int code = Z_OK;
+  const std::size_t usual = std::min(std::max(kLeastRoom, kUsualGrowth * input.size()), mostBytes) + 1;
+  const std::size_t step = std::min(usual, kMostZeroed);
+  Reserve(output, usual);
   while (code == Z_OK) {
     if (filled - start > mostBytes) return FlateResult::kTooLong;
-    if (filled == output.size()) output.resize(filled + std::min(room, mostBytes - (filled - start) + 1));
+    if (filled == output.size()) output.resize(filled + std::min(step, mostBytes - (filled - start) + 1));
     zlib.next_in = reinterpret_cast<z_const Bytef*>(const_cast<char*>(input.data())) + taken;
     zlib.avail_in = Portion(input.size() - taken);
     zlib.next_out = reinterpret_cast<Bytef*>(output.data()) + filled;
@@ -56,7 +70,6 @@ FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& outp
     code = inflate(&zlib, Z_NO_FLUSH);
     taken += inputPortion - zlib.avail_in;
     filled += outputPortion - zlib.avail_out;
-    room = std::max(room, (filled - start) / 2);
   }
   const bool isTooLong = filled - start > mostBytes;
   output.resize(filled);
