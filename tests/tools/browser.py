@@ -58,6 +58,12 @@ class Browser:
     def run(self, script, *arguments):
         return self._call("POST", self.session + "/execute/sync", {"script": script, "args": list(arguments)})
 
+    def size(self, width, height):
+        """Gives the page a screen of that many pixels."""
+        screen = {"width": width, "height": height, "deviceScaleFactor": 1, "mobile": False}
+        self._call("POST", self.session + "/goog/cdp/execute", {"cmd": "Emulation.setDeviceMetricsOverride", "params": screen})
+        self.settle()
+
     def settle(self):
         """Waits until the page has drawn."""
         self._call(
@@ -65,6 +71,20 @@ class Browser:
             self.session + "/execute/async",
             {"script": "const done = arguments[0]; requestAnimationFrame(() => requestAnimationFrame(() => done()));", "args": []},
         )
+
+    def milliseconds_a_frame(self, script, frames=12):
+        """Runs the script before each of some frames: what a frame takes then, the median."""
+        measure = """
+            let [script, left, done] = arguments;  // the last is the driver's own
+            const change = new Function(script), times = [];
+            const frame = (now) => {
+              times.push(now);
+              if (left-- > 0) { change(); requestAnimationFrame(frame); return; }
+              const took = times.slice(1).map((time, i) => time - times[i]).sort((a, b) => a - b);
+              done(took[took.length >> 1]);
+            };
+            requestAnimationFrame(frame);"""
+        return self._call("POST", self.session + "/execute/async", {"script": measure, "args": [script, frames]})
 
     def pointer(self, *actions):
         """Moves, presses and releases the mouse: ("move", x, y), ("down",), ("up",)."""

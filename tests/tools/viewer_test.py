@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """The viewer page in a real browser: what a person does with it, and what it shows then."""
 
+import math
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -23,6 +25,17 @@ return ink;
 """
 
 
+def luminance(channels):
+    """Relative luminance of an sRGB colour (WCAG 2.1)."""
+    linear = [c / 255 / 12.92 if c / 255 <= 0.03928 else ((c / 255 + 0.055) / 1.055) ** 2.4 for c in channels]
+    return 0.2126 * linear[0] + 0.7152 * linear[1] + 0.0722 * linear[2]
+
+
+def contrast(one, other):
+    dark, light = sorted((luminance(one), luminance(other)))
+    return (light + 0.05) / (dark + 0.05)
+
+
 class ViewerTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -37,7 +50,17 @@ class ViewerTest(unittest.TestCase):
         cls.folder.cleanup()
 
     def setUp(self):
+        self.browser.size(1200, 800)
         self.browser.open(self.page.as_uri())
+        self.browser.settle()
+
+    def open_drawing(self, elements):
+        """The page of an SVG drawing of 100 x 100 mm."""
+        drawing = pathlib.Path(self.folder.name) / "drawing.svg"
+        drawing.write_text(f'<svg width="100mm" height="100mm" viewBox="0 0 100 100">{elements}</svg>')
+        page = drawing.with_suffix(".html")
+        subprocess.run([PROGRAM, "convert", "--force", drawing, "-o", page], check=True, timeout=60)
+        self.browser.open(page.as_uri())
         self.browser.settle()
 
     def ink(self):
@@ -73,7 +96,7 @@ class ViewerTest(unittest.TestCase):
 
     def test_a_click_beside_everything_selects_nothing(self):
         self.browser.click(*self.middle_of_first_line())
-        self.browser.click(60, 300)
+        self.browser.click(*self.browser.run("return toScreen(20, 20)"))  # within the outline, beside holes and slots
         self.assertEqual(self.text_of("object"), "")
 
     def test_hovering_shows_an_object_too(self):
@@ -103,6 +126,36 @@ class ViewerTest(unittest.TestCase):
         self.assertLess(part, whole * 0.7)
         self.assertGreater(part, whole * 0.05)
         self.assertRegex(self.text_of("progress"), r"^\d+\.\d of \d+\.\d mm$")
+
+    def test_the_slider_stops_within_a_segment(self):
+        self.open_drawing('<path d="M10 20L90 20" stroke="red"/>')
+        whole = self.ink()
+        self.browser.run("const s = document.getElementById('slider'); s.value = 500; s.dispatchEvent(new Event('input'));")
+        self.assertAlmostEqual(self.ink() / whole, 0.5, delta=0.05)
+
+    def test_the_slider_keeps_the_order_of_colors_that_take_turns(self):
+        lines = "".join(f'<path d="M10 {y}L90 {y}" stroke="{color}"/>' for y, color in ((20, "red"), (50, "blue"), (80, "red")))
+        self.open_drawing(lines)
+        self.browser.run("document.getElementById('travel').click()")
+        self.browser.run("const s = document.getElementById('slider'); s.value = 600; s.dispatchEvent(new Event('input'));")
+        self.browser.settle()
+        drawn = """const [x, y] = toScreen(arguments[0], arguments[1]).map((at) => Math.round(at * ratio));
+            return pen.getImageData(x, y - 3, 1, 7).data.some((value, i) => i % 4 === 3 && value > 0);"""
+        # 600 of 1000 of 240 mm: all of the first line, 64 mm of the second; the first line is the uppermost.
+        points = {(85, 80): True, (70, 50): True, (80, 50): False, (15, 20): False}
+        self.assertEqual({point: self.browser.run(drawn, *point) for point in points}, points)
+
+    def test_the_slider_stops_within_a_curve_at_the_curves_own_points(self):
+        # By de Casteljau's construction the first half of (0,0) (0,8) (8,8) (8,0) is (0,0) (0,4) (2,6) (4,6).
+        first_half = self.browser.run("return headOf([3, 0, 0, 0, 8, 8, 8, 8, 0], 0.5)")
+        self.assertEqual(first_half, [3, 0, 0, 0, 4, 2, 6, 4, 6])
+
+    def test_the_length_behind_the_slider_is_the_one_of_the_facts(self):
+        # A large circle: chords between points on it are shorter than it is, by more than the page shows.
+        self.open_drawing('<circle cx="50" cy="50" r="1000" stroke="red"/>')
+        length = re.search(r"cut ([\d.]+) mm", self.text_of("facts"))[1]
+        self.assertAlmostEqual(float(length), 2000 * math.pi, delta=2)  # four cubic curves are no true circle
+        self.assertEqual(self.text_of("progress"), f"{length} of {length} mm")
 
     def test_travel_moves_show_while_the_job_is_under_way(self):
         self.browser.run("const s = document.getElementById('slider'); s.value = 900; s.dispatchEvent(new Event('input'));")
@@ -198,6 +251,41 @@ class ViewerTest(unittest.TestCase):
         for mark in found:
             self.assertLess(abs(mark - round(mark / step) * step), near)
 
+    def covered_by_panels(self):
+        """Whether a panel or a ruler lies over a part of the drawing."""
+        self.browser.settle()
+        return self.browser.run("""
+            const box = job.bounds, [left, top] = toScreen(box.minX, box.maxY), [right, bottom] = toScreen(box.maxX, box.minY);
+            const over = (r) => r.left < right && left < r.right && r.top < bottom && top < r.bottom;
+            return left < 34 || top < 20 || right > innerWidth || bottom > innerHeight ||
+              ['aside', 'footer'].some((name) => over(document.querySelector(name).getBoundingClientRect()));""")
+
+    def test_a_screen_of_any_shape_shows_the_whole_drawing_beside_the_panels(self):
+        for width, height in ((1200, 800), (390, 844), (844, 390), (2000, 1000)):
+            with self.subTest(width=width, height=height):
+                self.browser.size(width, height)
+                self.browser.open(self.page.as_uri())
+                self.assertFalse(self.covered_by_panels())
+                room = self.browser.run("return Math.max(job.bounds.width * scale / innerWidth, job.bounds.height * scale / innerHeight)")
+                self.assertGreater(room, 0.6)
+
+    def test_a_screen_that_is_turned_shows_the_whole_drawing_again(self):
+        self.browser.size(844, 390)
+        self.browser.size(390, 844)
+        self.assertFalse(self.covered_by_panels())
+
+    def test_every_color_stands_out_from_the_page_and_from_the_others(self):
+        colors = ["#000000", "#ff0000", "#00ff00", "#0000ff", "#ffff00", "#00ffff", "#ff00ff", "#ffffff"]
+        for theme in ("light", "dark"):
+            self.browser.run("document.documentElement.dataset.theme = arguments[0]", theme)
+            page = {"light": (255, 255, 255), "dark": (0x20, 0x24, 0x28)}[theme]
+            shown = self.browser.run("return arguments[0].map(visible)", colors)
+            for color in shown:
+                channels = [int(color[i : i + 2], 16) for i in (1, 3, 5)]
+                with self.subTest(theme=theme, color=color):
+                    self.assertGreater(contrast(channels, page), 2.2)
+            self.assertEqual(len(set(shown)), len(colors), shown)
+
     def test_light_and_dark_change_the_page(self):
         color = "return getComputedStyle(document.body).backgroundColor"
         before = self.browser.run(color)
@@ -215,15 +303,19 @@ class ViewerTest(unittest.TestCase):
             subprocess.run([PROGRAM, "convert", drawing, "-o", page], check=True, timeout=120)
         self.browser.open(page.as_uri())
         self.browser.settle()
-        took = self.browser.run(
-            "const t = performance.now(); for (const piece of pieces) drawPiece(piece, Infinity);"
-            "pen.getImageData(0, 0, 1, 1); return performance.now() - t;"
-        )
         self.assertEqual(self.browser.run("return segments.length"), 100_000)
         loaded = self.browser.run("const t = performance.getEntriesByType('navigation')[0]; return t.domComplete - t.fetchStart")
+        pan = self.browser.milliseconds_a_frame("moveBy(3, 2)")
+        play = self.browser.milliseconds_a_frame("setDone(done >= 1 ? 0.5 : done + 0.01)")
         find = "const t = performance.now(); objectAt(400, 300); return performance.now() - t"
         first, again = self.browser.run(find), self.browser.run(find)
-        print(f"100,000 segments: loaded in {loaded:.0f} ms, drawn in {took:.0f} ms, an object found in {first:.0f} ms, then {again:.1f} ms")
+        print(f"100,000 segments: loaded in {loaded:.0f} ms, a frame while panning {pan:.0f} ms, while playing {play:.0f} ms, "
+              f"an object found in {first:.0f} ms, then {again:.1f} ms")
+        # Several times what a busy machine without a graphics processor takes.
+        self.assertLess(loaded, 15_000)
+        self.assertLess(pan, 300)
+        self.assertLess(play, 400)
+        self.assertLess(again, 100)
 
 
 if __name__ == "__main__":

@@ -6,11 +6,11 @@ const byId = (id) => document.getElementById(id);
 const canvas = byId('view');
 const pen = canvas.getContext('2d');
 
-// ---- the job as pieces: runs of segments of one colour and one block of settings, drawn at once -----------
+// ---- the job as pieces: segments of one colour and one block of settings, drawn at once --------------------
 const PIECE_SEGMENTS = 2000;
-const pieces = [];    // {result: the first of the run, path: Path2D, from, to: millimetres along the job, at, end: segments}
+const pieces = [];    // {result: the first one, path: Path2D, from, to: millimetres along the job, parts: segments}
 const segments = [];  // {result, values, from, to}
-const travels = [];   // {x1, y1, x2, y2, at: millimetres along the job}
+const travels = [];   // pieces of straight moves between the results
 let total = 0;
 
 function cubicAt(v, t) {
@@ -32,52 +32,82 @@ function lengthOf(v) {
   return sum;
 }
 
+// The first part of a segment, up to its parameter t: of a cubic by de Casteljau's construction.
+function headOf(v, t) {
+  const mix = (from, to) => [from[0] + (to[0] - from[0]) * t, from[1] + (to[1] - from[1]) * t];
+  const [p0, p1, p2, p3] = [[v[1], v[2]], [v[3], v[4]], [v[5], v[6]], [v[7], v[8]]];
+  if (v[0] === 0) return [0, ...p0, ...mix(p0, p1)];
+  const a = mix(p0, p1), b = mix(p1, p2), c = mix(p2, p3), d = mix(a, b), e = mix(b, c);
+  return [3, ...p0, ...a, ...d, ...mix(d, e)];
+}
+
 function addSegment(path, v) {
   path.moveTo(v[1], v[2]);
   if (v[0] === 0) path.lineTo(v[3], v[4]);
   else path.bezierCurveTo(v[3], v[4], v[5], v[6], v[7], v[8]);
 }
 
-function pieceFor(result) {
-  const last = pieces[pieces.length - 1];
-  if (last && last.path && last.result.color === result.color && last.result.settings === result.settings &&
-      last.end - last.at < PIECE_SEGMENTS) return last;
-  const piece = {result, path: new Path2D(), from: total, to: total, at: segments.length, end: segments.length};
-  pieces.push(piece);
+function newPiece(list, result) {
+  const piece = {result, path: new Path2D(), from: total, to: total, parts: []};
+  list.push(piece);
   return piece;
 }
 
-function addCurve(result, head, noteTravel) {
-  const p = result.path;
-  result.at = segments.length;
-  for (let i = 0; i < p.length;) {
-    const size = p[i] === 0 ? 5 : 9;
-    const values = p.slice(i, i + size);
-    noteTravel(head, values[1], values[2]);
-    const piece = pieceFor(result);
-    const length = lengthOf(values);
-    segments.push({result, values, from: total, to: total + length});
-    total += length;
-    addSegment(piece.path, values);
-    piece.to = total;
-    piece.end = segments.length;
-    head = [values[size - 2], values[size - 1]];
-    i += size;
+function addTo(piece, segment) {
+  piece.parts.push(segment);
+  piece.to = segment.to;
+  addSegment(piece.path, segment.values);
+}
+
+const growing = new Map();  // the piece of each colour and block of settings that takes further segments
+function pieceFor(result) {
+  const key = result.color + ' ' + result.settings;
+  let piece = growing.get(key);
+  if (!piece || piece.parts.length >= PIECE_SEGMENTS) growing.set(key, piece = newPiece(pieces, result));
+  return piece;
+}
+
+function addTravel(head, x, y) {
+  if (!head || (head[0] === x && head[1] === y)) return;
+  const last = travels[travels.length - 1];
+  const piece = last && last.parts.length < PIECE_SEGMENTS ? last : newPiece(travels, null);
+  addTo(piece, {result: null, values: [0, ...head, x, y], from: total, to: total});
+}
+
+function segmentsOf(path) {
+  const list = [];
+  for (let i = 0, size; i < path.length; i += size) {
+    size = path[i] === 0 ? 5 : 9;
+    list.push(path.slice(i, i + size));
   }
+  return list;
+}
+
+function addCurve(result, head) {
+  const list = segmentsOf(result.path), lengths = list.map(lengthOf);
+  const chords = lengths.reduce((sum, length) => sum + length, 0);
+  const stretch = chords > 0 ? result.length / chords : 1;  // the chords of a cubic are a little shorter than it is
+  result.at = segments.length;
+  list.forEach((values, i) => {
+    addTravel(head, values[1], values[2]);
+    const segment = {result, values, from: total, to: total + lengths[i] * stretch};
+    segments.push(segment);
+    addTo(pieceFor(result), segment);
+    total = segment.to;
+    head = values.slice(-2);
+  });
   result.end = segments.length;
   return head;
 }
 
 function cutIntoPieces() {
-  const noteTravel = (head, x, y) => {
-    if (head && (head[0] !== x || head[1] !== y)) travels.push({x1: head[0], y1: head[1], x2: x, y2: y, at: total});
-  };
   let head = null;
   for (const result of job.results) {
-    if (result.kind === 'curve') { head = addCurve(result, head, noteTravel); continue; }
+    if (result.kind === 'curve') { head = addCurve(result, head); continue; }
     const [a, b, c, d, e, f] = result.matrix;
-    noteTravel(head, e, f);
-    pieces.push({result, from: total, to: total, at: segments.length, end: segments.length});
+    addTravel(head, e, f);
+    newPiece(pieces, result);
+    growing.clear();  // what is cut later is drawn over the bitmap
     head = [a * result.width + c * result.height + e, b * result.width + d * result.height + f];
   }
 }
@@ -111,7 +141,7 @@ function listLayers() {
       draw();
     });
     const color = document.createElement('i');
-    color.style.background = name;
+    if (by === 'color') color.style.background = visible(name);
     const text = document.createElement('span');
     text.textContent = by === 'color' ? name : describe(result);
     const size = document.createElement('b');
@@ -129,16 +159,34 @@ function describe(result) {
 }
 
 // ---- view: page millimetres to screen pixels ---------------------------------------------------------------
+const RULER_WIDTH = 34, RULER_HEIGHT = 20;
 let scale = 1, shiftX = 0, shiftY = 0, shown = null, done = 1, ratio = 1;
+let fitted = true;  // until the view is moved by hand
 const toScreen = (x, y) => [x * scale + shiftX, -y * scale + shiftY];
 const toPage = (x, y) => [(x - shiftX) / scale, (shiftY - y) / scale];
 
+// What neither the rulers nor the panels cover, less a margin. A narrow screen has its panel below the drawing.
+function freeArea() {
+  const margin = 12, side = byId('side').getBoundingClientRect(), isBelow = side.left < canvas.clientWidth / 3;
+  const right = isBelow ? canvas.clientWidth : side.left;
+  const bottom = Math.min(document.querySelector('footer').getBoundingClientRect().top, isBelow ? side.top : Infinity);
+  const left = RULER_WIDTH + margin, top = RULER_HEIGHT + margin;
+  return {left, top, width: Math.max(right - margin - left, 50), height: Math.max(bottom - margin - top, 50)};
+}
+
 function fit() {
-  const box = job.bounds;
-  const width = canvas.clientWidth - 350, height = canvas.clientHeight - 130;
-  scale = Math.min(Math.max(width, 200) / Math.max(box.width, 0.01), Math.max(height, 100) / Math.max(box.height, 0.01));
-  shiftX = 40 + (Math.max(width, 200) - box.width * scale) / 2 - box.minX * scale;
-  shiftY = 40 + (Math.max(height, 100) - box.height * scale) / 2 + box.maxY * scale;
+  const box = job.bounds, area = freeArea();
+  scale = Math.min(area.width / Math.max(box.width, 0.01), area.height / Math.max(box.height, 0.01));
+  shiftX = area.left + (area.width - box.width * scale) / 2 - box.minX * scale;
+  shiftY = area.top + (area.height - box.height * scale) / 2 + box.maxY * scale;
+  fitted = true;
+  draw();
+}
+
+function moveBy(x, y) {
+  shiftX += x;
+  shiftY += y;
+  fitted = false;
   draw();
 }
 
@@ -147,6 +195,7 @@ function zoomAt(x, y, factor) {
   shiftX = x - (x - shiftX) * factor;
   shiftY = y - (y - shiftY) * factor;
   scale *= factor;
+  fitted = false;
   draw();
 }
 
@@ -172,45 +221,49 @@ function drawBitmap(result) {
   pen.restore();
 }
 
-function pathOf(at, end, reached) {
+function pathOf(parts, reached) {
   const path = new Path2D();
-  for (let i = at; i < end && segments[i].to <= reached; ++i) addSegment(path, segments[i].values);
+  for (const {values, from, to} of parts) {
+    if (from > reached) break;
+    addSegment(path, to <= reached ? values : headOf(values, (reached - from) / (to - from)));
+  }
   return path;
 }
 
-function strokePath(path, result, width) {
-  pen.strokeStyle = visible(result.color);
-  pen.lineWidth = width / scale;
+const pathUpTo = (piece, reached) => (piece.to <= reached ? piece.path : pathOf(piece.parts, reached));
+
+// Browsers draw lines of one device pixel many times faster than wider ones.
+const MANY_SEGMENTS = 20000;
+const lineWidth = (usual) => (segments.length > MANY_SEGMENTS ? 1 / ratio : usual) / scale;
+
+function strokePath(path, color, width) {
+  pen.strokeStyle = color;
+  pen.lineWidth = width;
   pen.stroke(path);
 }
 
 function drawPiece(piece, reached) {
   if (hidden.has(layerOf(piece.result)) || piece.from > reached) return;
   if (piece.result.kind === 'bitmap') drawBitmap(piece.result);
-  else strokePath(piece.to > reached ? pathOf(piece.at, piece.end, reached) : piece.path, piece.result, 1.2);
+  else strokePath(pathUpTo(piece, reached), visible(piece.result.color), lineWidth(1.2));
 }
 
-// A curve in the page's own colour would be lost.
+// The colour as it is shown: one too near the page's own keeps its hue and goes as far towards white or black as it must.
 function visible(color) {
-  const dark = document.documentElement.dataset.theme === 'dark';
-  const n = parseInt(color.slice(1), 16);
-  const light = 0.299 * (n >> 16) + 0.587 * (n >> 8 & 255) + 0.114 * (n & 255);
-  if (dark && light < 50) return '#9aa4af';
-  if (!dark && light > 225) return '#7b8794';
-  return color;
+  const MIDDLE = 115;  // luma, of 255
+  const dark = document.documentElement.dataset.theme === 'dark', aim = dark ? 255 : 0;
+  const channels = [1, 3, 5].map((at) => parseInt(color.slice(at, at + 2), 16));
+  const luma = 0.299 * channels[0] + 0.587 * channels[1] + 0.114 * channels[2];
+  if (dark ? luma >= MIDDLE : luma <= MIDDLE) return color;
+  const share = (MIDDLE - luma) / (aim - luma);
+  return '#' + channels.map((c) => Math.round(c + (aim - c) * share).toString(16).padStart(2, '0')).join('');
 }
 
 function drawTravels(reached) {
-  pen.strokeStyle = '#e08a00';
-  pen.setLineDash([4 / scale, 4 / scale]);
-  pen.lineWidth = 0.8 / scale;
-  pen.beginPath();
-  for (const t of travels) {
-    if (t.at > reached) break;
-    pen.moveTo(t.x1, t.y1);
-    pen.lineTo(t.x2, t.y2);
+  if (segments.length <= MANY_SEGMENTS) pen.setLineDash([4 / scale, 4 / scale]);
+  for (const piece of travels) {
+    if (piece.from <= reached) strokePath(pathUpTo(piece, reached), '#e08a00', lineWidth(0.8));
   }
-  pen.stroke();
   pen.setLineDash([]);
 }
 
@@ -222,23 +275,23 @@ function drawRuler() {
     .find((n) => n * scale >= 50) || 10 ** Math.ceil(Math.log10(60 / scale));
   const text = (n) => String(+n.toPrecision(8));
   pen.fillStyle = style.getPropertyValue('--panel');
-  pen.fillRect(0, 0, width, 20);
-  pen.fillRect(0, 20, 34, height);
+  pen.fillRect(0, 0, width, RULER_HEIGHT);
+  pen.fillRect(0, RULER_HEIGHT, RULER_WIDTH, height);
   pen.fillStyle = pen.strokeStyle = style.getPropertyValue('--ink');
   pen.lineWidth = 1;
   pen.font = '10px system-ui, sans-serif';
   pen.beginPath();
-  const [left, top] = toPage(34, 20), [right, bottom] = toPage(width, height);
+  const [left, top] = toPage(RULER_WIDTH, RULER_HEIGHT), [right, bottom] = toPage(width, height);
   for (let i = Math.ceil(left / step); i * step <= right; ++i) {
     const x = Math.round(toScreen(i * step, 0)[0]) + 0.5;
-    pen.moveTo(x, 14);
-    pen.lineTo(x, 20);
+    pen.moveTo(x, RULER_HEIGHT - 6);
+    pen.lineTo(x, RULER_HEIGHT);
     pen.fillText(text(i * step), x + 2, 10);
   }
   for (let i = Math.ceil(bottom / step); i * step <= top; ++i) {
     const y = Math.round(toScreen(0, i * step)[1]) + 0.5;
-    pen.moveTo(28, y);
-    pen.lineTo(34, y);
+    pen.moveTo(RULER_WIDTH - 6, y);
+    pen.lineTo(RULER_WIDTH, y);
     pen.fillText(text(i * step), 2, y - 2);
   }
   pen.stroke();
@@ -261,7 +314,9 @@ function draw() {
     const reached = done >= 1 ? Infinity : done * total;
     for (const piece of pieces) drawPiece(piece, reached);
     if (byId('travel').checked && done < 1) drawTravels(reached);
-    if (shown && shown.kind === 'curve' && !hidden.has(layerOf(shown))) strokePath(pathOf(shown.at, shown.end, reached), shown, 3);
+    if (shown && shown.kind === 'curve' && !hidden.has(layerOf(shown))) {
+      strokePath(pathOf(segments.slice(shown.at, shown.end), reached), visible(shown.color), 3 / scale);
+    }
     drawRuler();
     byId('progress').textContent = (Math.min(done, 1) * total).toFixed(1) + ' of ' + total.toFixed(1) + ' mm';
   });
@@ -369,12 +424,9 @@ canvas.addEventListener('pointermove', (event) => {
     // What lies between the fingers stays between them.
     const spread = (p) => Math.hypot(p[0] - other[1][0], p[1] - other[1][1]) || 1;
     zoomAt((before[0] + other[1][0]) / 2, (before[1] + other[1][1]) / 2, spread(now) / spread(before));
-    shiftX += (now[0] - before[0]) / 2;
-    shiftY += (now[1] - before[1]) / 2;
+    moveBy((now[0] - before[0]) / 2, (now[1] - before[1]) / 2);
   } else {
-    shiftX += now[0] - before[0];
-    shiftY += now[1] - before[1];
-    draw();
+    moveBy(now[0] - before[0], now[1] - before[1]);
   }
   fingers.set(event.pointerId, now);
 });
@@ -391,7 +443,7 @@ canvas.addEventListener('wheel', (event) => {
 }, {passive: false});
 canvas.addEventListener('keydown', (event) => {
   const move = {ArrowLeft: [40, 0], ArrowRight: [-40, 0], ArrowUp: [0, 40], ArrowDown: [0, -40]}[event.key];
-  if (move) { shiftX += move[0]; shiftY += move[1]; draw(); }
+  if (move) moveBy(...move);
   if (event.key === '+' || event.key === '-') zoomAt(canvas.clientWidth / 2, canvas.clientHeight / 2, event.key === '+' ? 1.25 : 0.8);
   if (event.key === '0') fit();
 });
@@ -425,10 +477,11 @@ byId('travel').addEventListener('change', draw);
 byId('theme').addEventListener('click', () => {
   const root = document.documentElement;
   root.dataset.theme = root.dataset.theme === 'dark' ? 'light' : 'dark';
+  listLayers();
   draw();
 });
 document.documentElement.dataset.theme = matchMedia('(prefers-color-scheme: dark)').matches ? 'dark' : 'light';
-window.addEventListener('resize', draw);
+window.addEventListener('resize', () => (fitted ? fit() : draw()));
 cutIntoPieces();
 byId('title').textContent = job.name;
 byId('facts').textContent = job.results.length + ' results, ' + job.bounds.width.toFixed(2) + ' × ' + job.bounds.height.toFixed(2) +
