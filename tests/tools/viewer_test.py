@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The viewer page in a real browser: what a person does with it, and what it shows then."""
 
+import base64
 import math
 import pathlib
 import re
@@ -115,6 +116,18 @@ class ViewerTest(unittest.TestCase):
         for told in ("120 × 120", "28.000 × 28.000 mm", "109 × 109 dpi"):
             self.assertIn(told, text)
         self.assertRegex(text, r"engStep\s+0\.1\s")
+
+    def test_a_white_bitmap_has_a_frame(self):
+        # A BMP of one white pixel with 24 bits, spelled out.
+        number = lambda value, size: value.to_bytes(size, "little")
+        bmp = b"BM" + number(58, 4) + bytes(4) + number(54, 4) + number(40, 4) + number(1, 4) + number(1, 4) + number(1, 2)
+        data = base64.b64encode(bmp + number(24, 2) + bytes(24) + b"\xff\xff\xff\0").decode()
+        self.open_drawing(f'<image xmlns:xlink="x" x="10" y="30" width="50" height="50" xlink:href="data:image/bmp;base64,{data}"/>')
+        self.browser.settle()
+        darkest = """const [x, y] = toScreen(...arguments).map((at) => Math.round(at * ratio));
+            return Math.min(...pen.getImageData(x - 2, y, 5, 1).data.filter((value, i) => i % 4 !== 3));"""
+        self.assertLess(self.browser.run(darkest, 10, 45), 200)
+        self.assertEqual(self.browser.run(darkest, 35, 45), 255)
 
     def test_the_slider_takes_the_drawing_back_in_the_order_of_work(self):
         whole = self.ink()

@@ -212,13 +212,24 @@ function imageOf(result) {
 
 function usePage() { pen.setTransform(scale * ratio, 0, 0, -scale * ratio, shiftX * ratio, shiftY * ratio); }
 
+function frameOf(bitmap) {
+  const [a, b, c, d, e, f] = bitmap.matrix, path = new Path2D();
+  for (const [x, y] of [[0, 0], [bitmap.width, 0], [bitmap.width, bitmap.height], [0, bitmap.height]]) {
+    path.lineTo(a * x + c * y + e, b * x + d * y + f);
+  }
+  path.closePath();
+  return path;
+}
+
 function drawBitmap(result) {
   const image = imageOf(result);
-  if (!image.complete || !image.naturalWidth) return;
-  pen.save();
-  pen.transform(...result.matrix);
-  pen.drawImage(image, 0, 0);
-  pen.restore();
+  if (image.complete && image.naturalWidth) {
+    pen.save();
+    pen.transform(...result.matrix);
+    pen.drawImage(image, 0, 0);
+    pen.restore();
+  }
+  strokePath(frameOf(result), '#8a93a0', lineWidth(1));  // a white picture would be lost on a white page
 }
 
 function pathOf(parts, reached) {
@@ -314,8 +325,9 @@ function draw() {
     const reached = done >= 1 ? Infinity : done * total;
     for (const piece of pieces) drawPiece(piece, reached);
     if (byId('travel').checked && done < 1) drawTravels(reached);
-    if (shown && shown.kind === 'curve' && !hidden.has(layerOf(shown))) {
-      strokePath(pathOf(segments.slice(shown.at, shown.end), reached), visible(shown.color), 3 / scale);
+    if (shown && !hidden.has(layerOf(shown))) {
+      const path = shown.kind === 'curve' ? pathOf(segments.slice(shown.at, shown.end), reached) : frameOf(shown);
+      strokePath(path, visible(shown.color), 3 / scale);
     }
     drawRuler();
     byId('progress').textContent = (Math.min(done, 1) * total).toFixed(1) + ' of ' + total.toFixed(1) + ' mm';
