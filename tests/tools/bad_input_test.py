@@ -14,6 +14,7 @@ import time
 import unittest
 
 PROGRAM = sys.argv.pop(1)
+FULL_DISK = sys.argv.pop(1)  # a library that makes the disk full
 LINES = "0\nLINE\n8\n0\n10\n0\n20\n0\n11\n30\n21\n0\n"
 
 
@@ -49,9 +50,9 @@ class BadInputTest(unittest.TestCase):
         opener.write_text(f'#!/bin/sh\nprintf %s "$1" >"{self.here}/opened"\n')
         opener.chmod(0o755)
 
-    def run_program(self, *arguments, **options):
+    def run_program(self, *arguments, extra=None, **options):
         path = f"{self.here}/bin:{os.environ['PATH']}"
-        environment = {**os.environ, "TMPDIR": str(self.temporary), "PATH": path}
+        environment = {**os.environ, "TMPDIR": str(self.temporary), "PATH": path, **(extra or {})}
         command = without_privileges([PROGRAM, *map(os.fsencode, arguments)])
         return subprocess.run(command, capture_output=True, timeout=120, env=environment, **options)
 
@@ -101,6 +102,19 @@ class BadInputTest(unittest.TestCase):
         self.addCleanup(closed.chmod, 0o755)
         for command in self.commands(closed / "b.dxf"):
             self.assert_fails(self.run_program(*command), "b.dxf'", "permission denied")
+
+    def test_a_folder_within_a_folder_that_may_not_be_read(self):
+        closed = self.here / "drawings" / "closed"
+        closed.mkdir(parents=True)
+        (self.here / "drawings" / "b.dxf").write_text(drawing())
+        closed.chmod(0)
+        self.addCleanup(closed.chmod, 0o755)
+        self.assertEqual(self.run_program("batch", closed.parent, "--out", self.out, "--to", "svg").returncode, 1)
+        rows = {pathlib.Path(row["input"]).name: row for row in json.loads((self.out / "report.json").read_text())["files"]}
+        self.assertEqual({name: row["status"] for name, row in rows.items()}, {"b.dxf": "ok", "closed": "failed"})
+        self.assertIn("permission denied", rows["closed"]["message"])
+        self.assertEqual(self.run_program("batch", closed, "--out", self.out, "--to", "svg").returncode, 1)
+        self.assertIn("permission denied", self.batch_row()["message"])
 
     def test_a_pipe(self):
         pipe = self.here / "pipe.dxf"
@@ -190,21 +204,35 @@ class BadInputTest(unittest.TestCase):
         for name in ("x.svg", "a.dxf.svg"):
             self.assertIn("<svg", (self.out / name).read_text())
 
-    def test_a_full_disk(self):
+    def check_no_room(self, told, **circumstances):
+        """Where no file may grow beyond some kilobytes: the reason is told, and nothing stays."""
         self.drawing.write_text(drawing(1000))
-        full = at_most(16_000)
         for extension in ("svg", "html", "json"):
-            done = self.run_program("convert", self.drawing, "-o", self.out / f"x.{extension}", preexec_fn=full)
-            self.assert_fails(done, f"x.{extension}'", "larger than is allowed")
+            done = self.run_program("convert", self.drawing, "-o", self.out / f"x.{extension}", **circumstances)
+            self.assert_fails(done, f"x.{extension}'", told)
         self.assertEqual(list(self.out.iterdir()), [])
-        self.assert_fails(self.run_program("view", self.drawing, preexec_fn=full), "view.html'", "larger than is allowed")
+        self.assert_fails(self.run_program("view", self.drawing, **circumstances), "view.html'", told)
         self.assertEqual(list(self.temporary.iterdir()), [])
         self.assertFalse((self.here / "opened").exists())
-        done = self.run_program("batch", self.drawing, "--out", self.out, "--to", "html", preexec_fn=full)
+        done = self.run_program("batch", self.drawing, "--out", self.out, "--to", "html", **circumstances)
         self.assertEqual(done.returncode, 1)
         self.assertEqual(self.batch_row()["status"], "failed")
-        self.assertIn("larger than is allowed", self.batch_row()["message"])
+        self.assertIn(told, self.batch_row()["message"])
         self.assertEqual(sorted(p.name for p in self.out.iterdir()), ["report.csv", "report.json"])
+
+    def test_a_full_disk(self):
+        self.check_no_room("no space is left on the disk", extra={"LD_PRELOAD": FULL_DISK, "FULL_DISK_BYTES": "16000"})
+
+    def test_a_limit_on_the_size_of_files(self):
+        self.check_no_room("larger than is allowed", preexec_fn=at_most(16_000))
+
+    def test_an_output_stays_as_it_was_where_the_disk_is_full(self):
+        self.drawing.write_text(drawing(1000))
+        (self.out / "x.svg").write_text("mine")
+        full = {"LD_PRELOAD": FULL_DISK, "FULL_DISK_BYTES": "16000"}
+        done = self.run_program("convert", "--force", self.drawing, "-o", self.out / "x.svg", extra=full)
+        self.assert_fails(done, "x.svg'", "no space")
+        self.assertEqual((self.out / "x.svg").read_text(), "mine")
 
     def test_a_disk_without_room_for_the_report(self):
         done = self.run_program("batch", self.drawing, "--out", self.out, "--to", "svg", preexec_fn=at_most(10))

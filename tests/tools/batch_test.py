@@ -157,19 +157,81 @@ class BatchTest(unittest.TestCase):
         self.assertEqual(self.batch(self.drawings, "--to", "svg", "--resume").returncode, 0)
         self.assertEqual(os.stat(os.fsencode(self.out) + b"/caf\xe9 \"q\"\n.dxf.svg").st_mtime_ns, stamp)
 
+    def interrupted_in_the_second_file(self, interrupt):
+        """Status and messages of a batch, in a process group of its own, of which one file is done and one begun."""
+        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
+        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True) as running:
+            deadline = time.monotonic() + 60
+            while not (self.out / "report.json").exists() and time.monotonic() < deadline:
+                time.sleep(0.01)
+            time.sleep(0.1)
+            interrupt(running.pid)
+            errors = running.communicate(timeout=60)[1]
+        return running.returncode, errors
+
+    def test_a_terminal_that_closes_interrupts_too(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "b.dxf").write_text(big_drawing(600_000))
+        status, _ = self.interrupted_in_the_second_file(lambda process: os.killpg(process, signal.SIGHUP))
+        self.assertEqual(status, 1)
+        self.assertEqual({name: row["status"] for name, row in self.rows().items()}, {"a.dxf": "ok"})
+        self.assertEqual([name for name in os.listdir(self.out) if "unfinished" in name], [])
+
+    def test_a_batch_under_nohup_goes_on_where_the_terminal_closes(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "b.dxf").write_text(big_drawing(200_000))
+        ignored = lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN)
+        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
+        with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=ignored) as running:
+            while not (self.out / "report.json").exists():
+                time.sleep(0.01)
+            running.send_signal(signal.SIGHUP)
+        self.assertEqual(running.returncode, 0)
+        self.assertEqual({row["status"] for row in self.rows().values()}, {"ok"})
+
+    def test_a_batch_that_is_killed_leaves_a_report_and_its_workers_clean_up(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "b.dxf").write_text(big_drawing(600_000))
+        status, _ = self.interrupted_in_the_second_file(lambda process: os.kill(process, signal.SIGKILL))
+        self.assertEqual(status, -signal.SIGKILL)
+        self.assertEqual({name: row["status"] for name, row in self.rows().items()}, {"a.dxf": "ok"})
+        time.sleep(1)
+        self.assertEqual(sorted(os.listdir(self.out)), ["a.dxf.html", "report.csv", "report.json"])
+        (self.drawings / "b.dxf").write_text(LINE)
+        self.assertEqual(self.batch(self.drawings, "--to", "html", "--resume").returncode, 0)
+        self.assertEqual({row["status"] for row in self.rows().values()}, {"ok"})
+
+    def test_as_many_files_are_read_at_a_time_as_jobs(self):
+        for number in range(6):
+            (self.drawings / f"{number}.dxf").write_text(big_drawing(60_000))
+        command = [PROGRAM, "batch", str(self.drawings), "--to", "html", "--out", str(self.out), "--jobs", "3"]
+        counts = set()
+        with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as running:
+            while running.poll() is None:
+                counts.add(len(pathlib.Path(f"/proc/{running.pid}/task/{running.pid}/children").read_text().split()))
+        self.assertEqual(max(counts), 3)
+        self.assertEqual(running.returncode, 0)
+
+    def test_what_an_earlier_batch_wrote_is_no_input(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        (self.drawings / "svg-drawings").mkdir()
+        (self.drawings / "svg-drawings" / "b.dxf").write_text(LINE)
+        self.out = self.drawings / "svg"
+        for _ in range(2):
+            self.assertEqual(self.batch(self.drawings, "--to", "svg", "--force").returncode, 0)
+            self.assertEqual(set(self.rows()), {"a.dxf", "b.dxf"})
+        here = subprocess.run([PROGRAM, "batch", ".", "--out", "svg", "--to", "svg", "--force"], cwd=self.drawings, timeout=60,
+                              stdout=subprocess.DEVNULL)
+        self.assertEqual(here.returncode, 0)
+        self.assertEqual(set(self.rows()), {"a.dxf", "b.dxf"})
+
     def test_an_interrupt_keeps_what_is_finished_and_resume_goes_on(self):
         (self.drawings / "a.dxf").write_text(LINE)
         (self.drawings / "b.dxf").write_text(big_drawing(600_000))
         (self.drawings / "c.dxf").write_text(LINE)
-        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
-        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as running:
-            deadline = time.monotonic() + 60
-            while not (self.out / "a.dxf.html").exists() and time.monotonic() < deadline:
-                time.sleep(0.01)
-            time.sleep(0.1)
-            running.send_signal(signal.SIGINT)
-            output, errors = running.communicate(timeout=60)
-        self.assertEqual(running.returncode, 1)
+        # Ctrl-C reaches the program and its workers, as does the end of a terminal.
+        status, errors = self.interrupted_in_the_second_file(lambda process: os.killpg(process, signal.SIGINT))
+        self.assertEqual(status, 1)
         self.assertIn(b"--resume", errors)
         self.assertEqual(self.rows()["a.dxf"]["status"], "ok")
         self.assertNotIn("c.dxf", self.rows())

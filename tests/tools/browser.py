@@ -9,6 +9,7 @@ import urllib.request
 
 ARGUMENTS = [
     "--headless=new",
+    "--remote-debugging-pipe",  # no port, and so no name to look up
     "--no-sandbox",
     "--disable-gpu",
     "--disable-quic",

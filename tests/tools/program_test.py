@@ -7,10 +7,12 @@ import os
 import pathlib
 import re
 import stat
+import struct
 import subprocess
 import sys
 import tempfile
 import unittest
+import zlib
 import xml.etree.ElementTree as ElementTree
 
 PROGRAM = sys.argv.pop(1)
@@ -27,6 +29,33 @@ DRAWING = """0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nRED\n62\n1\
 
 def run(*arguments, **options):
     return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, timeout=60, **options)
+
+
+def read_png(data):
+    """Width, height and rows of (red, green, blue) of a PNG with 8 bits a channel and no interlacing (ISO 15948)."""
+    at, compressed = 8, b""
+    while at < len(data):
+        length, kind = struct.unpack(">I4s", data[at : at + 8])
+        body = data[at + 8 : at + 8 + length]
+        if kind == b"IHDR":
+            width, height, depth, color_type, _, _, interlace = struct.unpack(">IIBBBBB", body)
+        if kind == b"IDAT":
+            compressed += body
+        at += length + 12
+    if (depth, interlace) != (8, 0) or color_type not in (2, 6):
+        raise ValueError("a PNG of another kind")
+    size = 3 if color_type == 2 else 4
+    raw, stride, rows, above = zlib.decompress(compressed), width * size, [], bytes(width * size)
+    for y in range(height):
+        method, line = raw[y * (stride + 1)], bytearray(raw[y * (stride + 1) + 1 : (y + 1) * (stride + 1)])
+        for i in range(stride):
+            left, up = (line[i - size] if i >= size else 0), above[i]
+            corner = above[i - size] if i >= size else 0
+            nearest = min((abs(up - corner), 0, left), (abs(left - corner), 1, up), (abs(left + up - 2 * corner), 2, corner))[2]
+            line[i] = (line[i] + (0, left, up, (left + up) // 2, nearest)[method]) & 0xFF
+        rows.append([tuple(line[x * size : x * size + 3]) for x in range(width)])
+        above = bytes(line)
+    return width, height, rows
 
 
 class ProgramTest(unittest.TestCase):
@@ -94,6 +123,59 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(circle.get("fill"), "none")
         self.assertEqual(circle.get("d").count("C"), 4)
 
+    def picture(self, elements, *options):
+        """Width, height and rows of the PNG of an SVG drawing of 40 x 20 mm, each pixel as (red, green, blue)."""
+        drawing, out = self.here / "picture.svg", self.here / "picture.png"
+        drawing.write_text(f'<svg width="40mm" height="20mm" viewBox="0 0 40 20">{elements}</svg>')
+        done = run("convert", "--force", drawing, "-o", out, *options)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        return read_png(out.read_bytes())
+
+    def test_a_picture_has_the_density_or_the_width_that_is_asked_for(self):
+        outline = '<rect width="40" height="20" stroke="red"/>'
+        # 254 pixels an inch are 10 a millimetre; 8 more on each side are the margin.
+        self.assertEqual(self.picture(outline, "--dpi", "254")[:2], (416, 216))
+        # 384 pixels for 40 mm are 9.6 a millimetre: 192 pixels for 20 mm.
+        self.assertEqual(self.picture(outline, "--width", "400")[:2], (400, 208))
+        # 96 pixels an inch: 40 mm are 151.18 of them.
+        self.assertEqual(self.picture(outline)[:2], (168, 92))
+
+    def test_a_picture_has_its_curves_where_they_lie_in_their_colors(self):
+        line = '<path d="M0 0L40 0" stroke="red"/><path d="M0 0L0 20" stroke="blue"/><path d="M0 20L40 20" stroke="black"/>'
+        width, height, rows = self.picture(line, "--dpi", "254")
+        self.assertEqual((width, height), (416, 216))
+        self.assertEqual(rows[108][208], (255, 255, 255))
+        for x, y, color in ((208, 8, (255, 0, 0)), (8, 108, (0, 0, 255)), (208, 208, (0, 0, 0))):
+            found = min((rows[y + d][x + e] for d in (-1, 0, 1) for e in (-1, 0, 1)), key=sum)
+            # A line of one pixel may lie across two, each with half of its colour.
+            self.assertTrue(all(abs(have - want) <= 130 for have, want in zip(found, color)), (found, color))
+            self.assertNotEqual(found, (255, 255, 255))
+
+    def test_a_picture_that_would_be_too_large_is_refused_by_name(self):
+        done = run("convert", self.drawing, "-o", self.here / "out.png", "--dpi", "99999")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"a drawing.dxf'", done.stderr)
+        self.assertIn(b"--width", done.stderr)
+
+    def test_json_keeps_every_number_in_full_precision(self):
+        number = 29.999999999999996  # the double next below 30
+        self.drawing.write_text(DRAWING.replace("11\n30\n", f"11\n{number!r}\n"))
+        out = self.here / "out.json"
+        self.assertEqual(run("convert", self.drawing, "-o", out).returncode, 0)
+        line = json.loads(out.read_text())["results"][0]
+        self.assertEqual(line["segments"], [[0.0, 0.0, number, 0.0]])
+
+    def test_results_that_are_not_finite_are_left_out_and_told(self):
+        self.drawing.write_text(DRAWING.replace("11\n30\n", "11\n1e999\n"))
+        self.assertRegex(run("info", self.drawing).stdout.decode(), r"left out +1 result ")
+        self.assertEqual(json.loads(run("info", "--json", self.drawing).stdout)["files"][0]["notFinite"], 1)
+        done = run("convert", self.drawing, "-o", self.here / "out.svg")
+        self.assertEqual(done.returncode, 0)
+        self.assertRegex(done.stderr.decode(), r"warning: '.*a drawing.dxf': 1 result with coordinates that are not finite is left out")
+        done = run("batch", self.drawing, "--out", self.here / "out", "--to", "svg")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("not finite", json.loads((self.here / "out/report.json").read_text())["files"][0]["message"])
+
     def test_info_without_a_readable_file_fails_with_a_message_that_names_it(self):
         done = run("info", self.here / "missing.dxf")
         self.assertEqual(done.returncode, 1)
@@ -143,6 +225,38 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(run("shred", self.drawing).returncode, 2)
         self.assertEqual(run("convert", self.drawing).returncode, 2)
         self.assertEqual(run("convert", self.drawing, "-o", self.here / "out.tiff").returncode, 2)
+
+    def test_a_word_that_is_no_command_is_named(self):
+        for word in ("shred", str(self.drawing)):
+            done = run(word)
+            self.assertEqual(done.returncode, 2)
+            self.assertIn(f"drawload: '{word}' is not a command".encode(), done.stderr)
+            self.assertIn(b"info, convert, view or batch", done.stderr)
+        self.assertIn(b"info, convert, view or batch", run().stderr)
+
+    def test_every_complaint_about_usage_says_who_complains(self):
+        for arguments in ([], ["shred"], ["info"], ["convert", self.drawing], ["info", "--jsn", self.drawing]):
+            with self.subTest(arguments=arguments):
+                self.assertTrue(run(*arguments).stderr.startswith(b"drawload: "))
+
+    def test_notes_may_be_asked_for_before_and_behind_the_command(self):
+        plate = EXAMPLES / "plate.pdf"
+        outputs = [self.here / "a.svg", self.here / "b.svg"]
+        for arguments in (["-v", "info", plate], ["info", "-v", plate], ["info", plate, "--verbose"],
+                          ["convert", "-v", plate, "-o", outputs[0]], ["-v", "convert", plate, "-o", outputs[1]],
+                          ["batch", "-v", plate, "--out", self.here / "out", "--to", "svg"]):
+            with self.subTest(arguments=arguments):
+                done = run(*arguments)
+                self.assertEqual(done.returncode, 0, done.stderr)
+                self.assertIn(b"Version:1.", done.stderr)
+                self.assertNotIn(b"Version:1.", done.stdout)
+        self.assertEqual(outputs[0].read_bytes(), outputs[1].read_bytes())
+
+    def test_the_extension_of_an_output_may_have_capitals(self):
+        out = self.here / "OUT.SVG"
+        self.assertEqual(run("convert", self.drawing, "-o", out).returncode, 0)
+        self.assertIn("<svg", out.read_text())
+        self.assertEqual(run("batch", self.drawing, "--out", self.here / "out", "--to", "PNG").returncode, 0)
 
     def test_help_and_version_succeed(self):
         self.assertIn(b"convert", run("--help").stdout)

@@ -105,7 +105,7 @@ class RoundTripTest(unittest.TestCase):
         )
         before, after, complaints = self.round_trip(drawing)
         self.assertEqual((len(before), len(after)), (2, 1))
-        self.assertIn("1 curves without segments", complaints)
+        self.assertIn("1 curve without segments is left out", complaints)
 
     def test_a_gap_inside_a_curve_is_warned_of(self):
         # A vertex of the control polygon parts the run of the vertices that spline fitting made.
@@ -120,7 +120,7 @@ class RoundTripTest(unittest.TestCase):
         before, after, complaints = self.round_trip(drawing)
         self.assertEqual([len(curve["segments"]) for curve in before], [2])
         self.assertEqual([len(curve["segments"]) for curve in after], [1, 1])
-        self.assertIn("1 gaps inside curves", complaints)
+        self.assertIn("1 gap inside curves", complaints)
 
     def test_a_density_with_a_fraction_is_warned_of(self):
         drawing = self.folder / "density.svg"
@@ -130,7 +130,7 @@ class RoundTripTest(unittest.TestCase):
         before, after, complaints = self.round_trip(drawing)
         self.assertAlmostEqual(before[0]["settings"]["engStep"], 2.032)
         self.assertAlmostEqual(after[0]["settings"]["engStep"], 0.08)
-        self.assertIn("1 results have a line spacing", complaints)
+        self.assertIn("1 line spacing that no whole", complaints)
 
 
 if __name__ == "__main__":

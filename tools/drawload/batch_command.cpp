@@ -22,16 +22,16 @@ namespace fs = std::filesystem;
 volatile sig_atomic_t interrupted = 0;
 
 /// Reads one drawing and writes its output: what a worker does.
-WorkReport ConvertOne(const std::string& input, const std::string& output, OutputFormat format,
-                      bool replace) {
-  const Job job = LoadJob(input, LibraryNotes::kHidden);
+WorkReport ConvertOne(const std::string& input, const std::string& output, OutputFormat format, bool replace,
+                      LibraryNotes notes) {
+  const Job job = LoadJob(input, notes);
   if (job.results.empty()) {
     return {IsReadableFile(input) ? FileStatus::kEmpty : FileStatus::kFailed, 0, WhyNothingRead(input)};
   }
   MakeFolder(fs::path(output).parent_path().string());
   const Conversion conversion = ConvertJob(job, format, {});
   WriteOutputFile(output, conversion.bytes, replace);
-  std::string message;
+  std::string message = job.dropped > 0 ? NotFiniteLeftOut(job.dropped) : "";
   for (const std::string& warning : conversion.warnings) message += (message.empty() ? "" : "; ") + warning;
   return {FileStatus::kOk, job.results.size(), message};
 }
@@ -82,7 +82,7 @@ class Batch {
   Batch(const BatchOptions& batchOptions, OutputFormat outputFormat)
       : options(batchOptions),
         format(outputFormat),
-        inputs(CollectInputs(options.inputs, options.extension)),
+        inputs(CollectInputs(options.inputs, options.outputFolder, options.extension)),
         rows(inputs.size()),
         finished(inputs.size(), false) {}
 
@@ -90,7 +90,7 @@ class Batch {
   /// Takes the rows of files that an earlier run finished.
   void Resume();
   void Run();
-  void Report() const;
+  void Summarize() const;
   bool AllOk() const;
 
  private:
@@ -106,6 +106,12 @@ class Batch {
   /// Removes what a worker that was ended leaves behind.
   void CleanBehind(const Running& slot) const;
   void Collect(Progress& progress);
+  void WorkThrough(Progress& progress);
+  /// Ends the workers that still run, and writes the report.
+  void End();
+  void Report() const;
+  /// Writes the report so far, now and then: what kills this program leaves a report as well.
+  void ReportSometimes();
 
   const BatchOptions& options;
   OutputFormat format;
@@ -113,6 +119,7 @@ class Batch {
   std::vector<BatchRow> rows;
   std::vector<bool> finished;
   std::vector<Running> running;
+  std::chrono::steady_clock::time_point nextReport;  ///< the first one comes with the first file
 };
 
 void Batch::Resume() {
@@ -134,8 +141,10 @@ void Batch::Start(std::size_t index) {
   const std::string output = OutputPath(index);
   const OutputFormat to = format;
   const bool replace = options.replace;
-  running.push_back({index, std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace); },
-                                                     options.timeout)});
+  const LibraryNotes notes = options.notes;
+  running.push_back(
+      {index, std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace, notes); },
+                                       options.timeout)});
 }
 
 void Batch::CleanBehind(const Running& slot) const {
@@ -153,12 +162,39 @@ void Batch::Collect(Progress& progress) {
     CleanBehind(slot);
     slot.worker.reset();
   }
-  std::erase_if(running, [](const Running& slot) { return slot.worker == nullptr; });
+  if (std::erase_if(running, [](const Running& slot) { return slot.worker == nullptr; }) > 0)
+    ReportSometimes();
+}
+
+void Batch::ReportSometimes() {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point begin = Clock::now();
+  if (begin < nextReport) return;
+  try {
+    Report();
+  } catch (const OutputError&) {
+    // The last report, at the end, tells why.
+  }
+  // A report of many files takes its time: a hundredth of all at most.
+  constexpr Clock::duration kPause = std::chrono::seconds(2);
+  const Clock::time_point end = Clock::now();
+  nextReport = end + std::max(kPause, 100 * (end - begin));
 }
 
 void Batch::Run() {
   const auto left = static_cast<std::size_t>(std::count(finished.begin(), finished.end(), false));
   Progress progress(left);
+  try {
+    WorkThrough(progress);
+  } catch (const std::exception&) {  // no further worker could be started
+    End();
+    throw;
+  }
+  progress.Break();
+  End();
+}
+
+void Batch::WorkThrough(Progress& progress) {
   std::size_t next = 0;
   while (interrupted == 0) {
     while (next < inputs.size() && running.size() < options.jobs) {
@@ -169,12 +205,15 @@ void Batch::Run() {
     Collect(progress);
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
+}
+
+void Batch::End() {
   for (const Running& slot : running) {
     slot.worker->Stop();
     CleanBehind(slot);
   }
   running.clear();
-  progress.Break();
+  Report();
 }
 
 void Batch::Report() const {
@@ -183,11 +222,18 @@ void Batch::Report() const {
     if (finished[i]) done.push_back(rows[i]);
   }
   WriteReport(options.outputFolder, done);
-  const auto ok = std::count_if(done.begin(), done.end(),
-                                [](const BatchRow& row) { return row.outcome.status == FileStatus::kOk; });
-  std::printf("%zu files: %zu ok, %zu not, %zu left; see %s/report.csv\n", inputs.size(),
-              static_cast<std::size_t>(ok), done.size() - static_cast<std::size_t>(ok),
-              inputs.size() - done.size(), Shown(options.outputFolder).c_str());
+}
+
+void Batch::Summarize() const {
+  std::size_t done = 0;
+  std::size_t ok = 0;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!finished[i]) continue;
+    ++done;
+    if (rows[i].outcome.status == FileStatus::kOk) ++ok;
+  }
+  std::printf("%zu files: %zu ok, %zu not, %zu left; see %s/report.csv\n", inputs.size(), ok, done - ok,
+              inputs.size() - done, Shown(options.outputFolder).c_str());
 }
 
 bool Batch::AllOk() const {
@@ -195,6 +241,16 @@ bool Batch::AllOk() const {
     if (!finished[i] || rows[i].outcome.status != FileStatus::kOk) return false;
   }
   return true;
+}
+
+void StopOnSignals() {
+  struct sigaction onSignal = {};
+  onSignal.sa_handler = [](int) { interrupted = 1; };
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction before = {};
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler != SIG_IGN) sigaction(signal, &onSignal, nullptr);  // nohup goes on
+  }
 }
 
 }  // namespace
@@ -213,12 +269,9 @@ int RunBatch(const BatchOptions& options) {
       return kNothingRead;
     }
     if (options.resume) batch.Resume();
-    struct sigaction onInterrupt = {};
-    onInterrupt.sa_handler = [](int) { interrupted = 1; };
-    sigaction(SIGINT, &onInterrupt, nullptr);
-    sigaction(SIGTERM, &onInterrupt, nullptr);
+    StopOnSignals();
     batch.Run();
-    batch.Report();
+    batch.Summarize();
     if (interrupted != 0) Complain("stopped; the same command with --resume goes on");
     return batch.AllOk() ? kDone : kNothingRead;
   } catch (const std::exception& error) {

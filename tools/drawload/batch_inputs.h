@@ -12,7 +12,9 @@ struct BatchInput {
 
 /// All files named, and all DXF, SVG and PDF files below the folders named, in the order of their names. A
 /// folder's files keep their place below it. Two inputs that would write the same output get different names.
-/// Links to folders are not followed.
-std::vector<BatchInput> CollectInputs(const std::vector<std::string>& paths, const std::string& extension);
+/// Links to folders are not followed. What lies below the folder `outputs` is no input unless it is named. A
+/// folder that may not be read stands as an input itself, so that it is reported.
+std::vector<BatchInput> CollectInputs(const std::vector<std::string>& paths, const std::string& outputs,
+                                      const std::string& extension);
 
 #endif

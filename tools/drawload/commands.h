@@ -50,6 +50,7 @@ struct BatchOptions {
   double timeout = 60.0;  ///< seconds a file
   bool replace = false;
   bool resume = false;
+  LibraryNotes notes = LibraryNotes::kHidden;
 };
 
 /// Converts many drawings, each in a process of its own, and writes a report. Done only where all are ok.

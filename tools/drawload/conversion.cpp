@@ -1,10 +1,32 @@
 #include "conversion.h"
 
+#include <cctype>
+#include <cerrno>
+#include <new>
+#include <stdexcept>
+
 #include "html_writer.h"
 #include "json_writer.h"
+#include "messages.h"
 #include "svg_writer.h"
 
-std::optional<OutputFormat> FormatOfExtension(const std::string& extension) {
+namespace {
+
+Conversion Convert(const Job& job, OutputFormat format, PictureSize size) {
+  switch (format) {
+    case OutputFormat::kPng: return {DrawPng(job, size), {}};
+    case OutputFormat::kHtml: return {WriteHtml(job), {}};
+    case OutputFormat::kJson: return {JobJson(job), {}};
+    case OutputFormat::kSvg: break;
+  }
+  SvgText svg = WriteSvg(job);
+  return {std::move(svg.text), std::move(svg.warnings)};
+}
+
+}  // namespace
+
+std::optional<OutputFormat> FormatOfExtension(std::string extension) {
+  for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   if (extension == "svg") return OutputFormat::kSvg;
   if (extension == "png") return OutputFormat::kPng;
   if (extension == "html") return OutputFormat::kHtml;
@@ -18,12 +40,11 @@ std::optional<OutputFormat> FormatOfName(const std::string& path) {
 }
 
 Conversion ConvertJob(const Job& job, OutputFormat format, PictureSize size) {
-  switch (format) {
-    case OutputFormat::kPng: return {DrawPng(job, size), {}};
-    case OutputFormat::kHtml: return {WriteHtml(job), {}};
-    case OutputFormat::kJson: return {JobJson(job), {}};
-    case OutputFormat::kSvg: break;
+  try {
+    return Convert(job, format, size);
+  } catch (const std::bad_alloc&) {
+    throw std::runtime_error("cannot convert '" + Shown(job.path) + "': " + WhyNotWritten(ENOMEM));
+  } catch (const std::runtime_error& error) {
+    throw std::runtime_error("cannot convert '" + Shown(job.path) + "': " + error.what());
   }
-  SvgText svg = WriteSvg(job);
-  return {std::move(svg.text), std::move(svg.warnings)};
 }

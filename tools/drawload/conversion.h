@@ -10,8 +10,8 @@
 
 enum class OutputFormat { kSvg, kPng, kHtml, kJson };
 
-/// The format that an extension without its dot names ("svg"), or nothing.
-std::optional<OutputFormat> FormatOfExtension(const std::string& extension);
+/// The format that an extension without its dot names ("svg", in any case), or nothing.
+std::optional<OutputFormat> FormatOfExtension(std::string extension);
 
 /// The format that the end of a file's name tells, or nothing.
 std::optional<OutputFormat> FormatOfName(const std::string& path);
@@ -22,7 +22,8 @@ struct Conversion {
   std::vector<std::string> warnings;
 };
 
-/// Throws std::runtime_error where the job has no form in that format (a picture too large).
+/// Throws std::runtime_error, which tells the drawing's name, where the job has no form in that format (a
+/// picture too large) or memory is short.
 Conversion ConvertJob(const Job& job, OutputFormat format, PictureSize size);
 
 #endif

@@ -19,8 +19,7 @@ std::optional<Job> LoadOrComplain(const std::string& input, LibraryNotes notes) 
     return std::nullopt;
   }
   if (job.dropped > 0) {
-    Complain("warning: '" + Shown(input) + "': " + std::to_string(job.dropped) +
-             " results with coordinates that are not finite are left out");
+    Complain("warning: '" + Shown(input) + "': " + NotFiniteLeftOut(job.dropped));
   }
   return job;
 }

@@ -28,6 +28,18 @@ LibraryNotes NotesFor(bool verbose) {
   return verbose ? LibraryNotes::kToStandardError : LibraryNotes::kHidden;
 }
 
+/// What was wrong with the command line.
+std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
+  std::string text = "drawload: ";
+  if (!app->get_subcommands().empty()) {
+    text += error.what();
+    return text + "\nRun with --help for more information.\n";
+  }
+  const std::vector<std::string> words = app->remaining();
+  if (!words.empty()) text.append("'").append(Shown(words.front())).append("' is not a command; ");
+  return text + "name info, convert, view or batch first; 'drawload --help' has examples\n";
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -36,6 +48,8 @@ int main(int argc, char** argv) {
   app.footer(kExamples);
   app.set_version_flag("--version", Versions());
   app.require_subcommand(1);
+  app.failure_message(UsageMessage);
+  app.fallthrough();  // --verbose counts behind a command too
   bool verbose = false;
   app.add_flag("-v,--verbose", verbose, "Show the notes that the library prints while it reads");
 
@@ -79,7 +93,7 @@ int main(int argc, char** argv) {
 
   try {
     app.parse(argc, argv);
-    info.notes = convert.notes = view.notes = NotesFor(verbose);
+    info.notes = convert.notes = view.notes = batch.notes = NotesFor(verbose);
     if (infoCommand->parsed()) return RunInfo(info);
     if (convertCommand->parsed()) return RunConvert(convert);
     return viewCommand->parsed() ? RunView(view) : RunBatch(batch);

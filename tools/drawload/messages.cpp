@@ -83,10 +83,12 @@ std::string WhyNothingRead(const std::string& path) {
   name += Shown(path);
   name += '\'';
   if (stat(path.c_str(), &status) != 0) return "cannot open " + name + ": " + WhyNotOpened(errno);
-  if (S_ISDIR(status.st_mode)) {
+  const bool isFolder = S_ISDIR(status.st_mode);
+  if (isFolder && access(path.c_str(), R_OK | X_OK) == 0) {
     return name + " is a folder; name a drawing in it, or convert all of them with 'drawload batch'";
   }
-  if (!S_ISREG(status.st_mode)) return name + " is not a regular file; copy what it holds into one";
+  if (!isFolder && !S_ISREG(status.st_mode))
+    return name + " is not a regular file; copy what it holds into one";
   if (access(path.c_str(), R_OK) != 0) return "cannot open " + name + ": " + WhyNotOpened(errno);
   if (FormatOf(path).empty()) {
     return name + " is not read: the name of a drawing ends in .dxf, .svg or .pdf; rename it";
@@ -96,6 +98,18 @@ std::string WhyNothingRead(const std::string& path) {
   return "nothing to cut or engrave in " + name +
          ": it holds nothing that is drawn, or is damaged, or is no " + FormatOf(path) +
          " file; look at it in the program that made it";
+}
+
+std::string Counted(std::size_t count, const std::string& thing) {
+  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+std::string LeftOut(std::size_t count, const std::string& thing, const std::string& nature) {
+  return Counted(count, thing) + " " + nature + (count == 1 ? " is" : " are") + " left out";
+}
+
+std::string NotFiniteLeftOut(std::size_t count) {
+  return LeftOut(count, "result", "with coordinates that are not finite");
 }
 
 std::string WhyNotWritten(int error) {
@@ -110,6 +124,7 @@ std::string WhyNotWritten(int error) {
     case EDQUOT: return "your share of the disk is used up; make room, or choose another";
     case EFBIG: return "the file becomes larger than is allowed here; raise the limit (ulimit -f)";
     case ENAMETOOLONG: return "the name is too long; choose a shorter one";
+    case ENOMEM: return "there is not enough memory; close other programs, or raise the limit (ulimit -v)";
     default: return std::strerror(error);
   }
 }

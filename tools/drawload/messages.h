@@ -18,6 +18,15 @@ bool IsReadableFile(const std::string& path);
 /// Why nothing could be read from the file at `path`, and what to do, for a person.
 std::string WhyNothingRead(const std::string& path);
 
+/// "1 curve", "2 curves".
+std::string Counted(std::size_t count, const std::string& thing);
+
+/// "1 curve without segments is left out".
+std::string LeftOut(std::size_t count, const std::string& thing, const std::string& nature);
+
+/// The same of results with coordinates that are not finite.
+std::string NotFiniteLeftOut(std::size_t count);
+
 /// What went wrong while something was written, by its error number, and what to do.
 std::string WhyNotWritten(int error);
 

@@ -77,11 +77,6 @@ double Micrometres(double value) {
   return rounded == 0.0 ? 0.0 : rounded;
 }
 
-/// "1 curve", "2 curves".
-std::string Counted(std::size_t count, const std::string& thing) {
-  return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 std::string BitmapLine(const BitmapFacts& bitmap) {
   return Line("  bitmap     %u x %u pixels, %.3f x %.3f mm, %.0f x %.0f dpi", bitmap.width, bitmap.height,
               bitmap.placedWidth, bitmap.placedHeight, bitmap.dpiX, bitmap.dpiY);
@@ -144,7 +139,7 @@ std::string SummaryText(const Summary& summary) {
   for (const BitmapFacts& bitmap : summary.bitmaps) text += BitmapLine(bitmap);
   for (const SettingsGroup& group : summary.groups) text += GroupText(group);
   if (summary.dropped > 0) {
-    text += Line("  left out   %zu results with coordinates that are not finite", summary.dropped);
+    text += "  left out   " + Counted(summary.dropped, "result") + " with coordinates that are not finite\n";
   }
   return text;
 }

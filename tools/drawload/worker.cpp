@@ -9,6 +9,7 @@
 #include <new>
 #include <signal.h>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -75,6 +76,9 @@ void WriteAll(int pipe, const void* bytes, std::size_t size) {
 [[noreturn]] void WorkInThisProcess(const std::function<WorkReport()>& work, double timeoutSeconds,
                                     int pipe) {
   signal(SIGINT, SIG_IGN);  // the parent decides when a worker stops
+  signal(SIGHUP, SIG_IGN);
+  signal(SIGTERM, SIG_DFL);
+  prctl(PR_SET_PDEATHSIG, SIGTERM);  // a parent that was killed no longer decides
   LimitThisProcess(timeoutSeconds);
   const WorkReport report = Guarded(work);
   const ReportHead head{report.status, report.results};

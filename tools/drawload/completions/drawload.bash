@@ -12,10 +12,10 @@ _drawload() {
   local options=""
   case $command in
   "") options="info convert view batch --help --version --verbose" ;;
-  info) options="--json --help" ;;
-  convert) options="--output --force --dpi --width --help" ;;
-  view) options="--help" ;;
-  batch) options="--out --to --jobs --timeout --resume --force --help" ;;
+  info) options="--json --verbose --help" ;;
+  convert) options="--output --force --dpi --width --verbose --help" ;;
+  view) options="--verbose --help" ;;
+  batch) options="--out --to --jobs --timeout --resume --force --verbose --help" ;;
   esac
   case $before in
   --to)

@@ -4,7 +4,7 @@ complete -c drawload -n __fish_use_subcommand -f -a convert -d 'Write what will 
 complete -c drawload -n __fish_use_subcommand -f -a view -d 'Open the viewer page'
 complete -c drawload -n __fish_use_subcommand -f -a batch -d 'Convert many drawings'
 complete -c drawload -n __fish_use_subcommand -l version -d 'Print versions'
-complete -c drawload -n __fish_use_subcommand -s v -l verbose -d 'Show the notes of the library'
+complete -c drawload -s v -l verbose -d 'Show the notes of the library'
 complete -c drawload -s h -l help -d 'Print help'
 complete -c drawload -n '__fish_seen_subcommand_from info' -l json -d 'Print JSON'
 complete -c drawload -n '__fish_seen_subcommand_from convert' -s o -l output -r -d 'File to write'
