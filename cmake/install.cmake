@@ -14,6 +14,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/drawloadConfigVersion.cma
 install(FILES ${PROJECT_BINARY_DIR}/drawloadConfig.cmake ${PROJECT_BINARY_DIR}/drawloadConfigVersion.cmake
   DESTINATION ${package_dir})
 
+# The file tells the prefix from its own place: `cmake --install --prefix` and packages choose it after this.
+file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/drawload.pc.in ${PROJECT_BINARY_DIR}/drawload.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/drawload.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
@@ -21,7 +23,9 @@ install(FILES docs/man/drawload.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES docs/man/libdrawload.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
 install(FILES tools/drawload/completions/drawload.bash
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME drawload)
-install(FILES tools/drawload/completions/_drawload DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+foreach(folder site-functions vendor-completions)  # Debian's zsh looks into the one below /usr/local, into the other below /usr
+  install(FILES tools/drawload/completions/_drawload DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${folder})
+endforeach()
 install(FILES tools/drawload/completions/drawload.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)

@@ -23,6 +23,9 @@ dpkg --root="$root" --force-depends --force-not-root --force-script-chrootless -
 
 library=$(dirname "$(find "$root" -name 'libdrawload.so.0')")
 LD_LIBRARY_PATH=$library "$root/usr/bin/drawload" info "$source/examples/bracket.dxf"
+pc=$(find "$root" -name drawload.pc)
+includes=$(PKG_CONFIG_PATH=$(dirname "$pc") pkg-config --variable=includedir drawload)
+[ "$(realpath "$includes")" = "$(realpath "$root/usr/include")" ] || { echo "pkg-config finds the headers in $includes"; exit 1; }
 for part in usr/share/man/man1/drawload.1 usr/share/man/man3/libdrawload.3 usr/include/drawload/exports.h \
   usr/share/bash-completion/completions/drawload usr/share/doc/drawload/examples/host/host.cpp; do
   [ -e "$root/$part" ] || [ -e "$root/$part.gz" ] || { echo "the package lacks $part"; exit 1; }

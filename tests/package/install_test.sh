@@ -35,15 +35,19 @@ plain=$scratch/prefix
 mv "$prefix" "$plain"
 export PKG_CONFIG_PATH
 PKG_CONFIG_PATH=$(dirname "${pc/"$prefix"/"$plain"}")
-library=$(pkg-config --define-prefix --variable=libdir drawload)
+library=$(pkg-config --variable=libdir drawload)
 # shellcheck disable=SC2046,SC2086
 "$compiler" -std=c++17 $flags "$source/examples/host/host.cpp" \
-  $(pkg-config --define-prefix --cflags --libs drawload) -Wl,-rpath,"$library" -o "$scratch/host"
+  $(pkg-config --cflags --libs drawload) -Wl,-rpath,"$library" -o "$scratch/host"
 expect "$scratch/host" '^curve #'
 # shellcheck disable=SC2046,SC2086
 "$c_compiler" -std=c99 $flags "$source/examples/host/host.c" \
-  $(pkg-config --define-prefix --cflags --libs drawload) -Wl,-rpath,"$library" -o "$scratch/host_c"
+  $(pkg-config --cflags --libs drawload) -Wl,-rpath,"$library" -o "$scratch/host_c"
 expect "$scratch/host_c" '^[1-9][0-9]* results$'
 
 "$plain/bin/drawload" info "$drawing" >/dev/null
+# Where Debian's zsh looks: below /usr/local and below /usr.
+for folder in site-functions vendor-completions; do
+  [ -e "$plain/share/zsh/$folder/_drawload" ] || { echo "zsh finds no completion in $folder"; exit 1; }
+done
 echo "the host programs and the installed program read $drawing"
