@@ -36,10 +36,10 @@ void FillSpline(const DXF_Spline& record, Entity_ZR::ZR_Spline& entity) {
   entity.knotTolerance = record.knotTolerance;
   entity.controlTolerance = record.controlTolerance;
   entity.fitTolerance = record.fitTolerance;
-  entity.knots = record.knots;
-  entity.weights = record.weights;
-  entity.controlPoints = record.controlPoints;
-  entity.fitPoints = record.fitPoints;
+  entity.knots.assign(record.knots.begin(), record.knots.end());
+  entity.weights.assign(record.weights.begin(), record.weights.end());
+  entity.controlPoints.assign(record.controlPoints.begin(), record.controlPoints.end());
+  entity.fitPoints.assign(record.fitPoints.begin(), record.fitPoints.end());
 }
 
 }  // namespace

@@ -9,10 +9,15 @@
 
 #include "dxf/dxf_variant.h"
 #include "entity/point3.h"
+#include "support/arena_allocator.h"
 
 class dxfReader;
 
 using DXF_Coord = Entity_ZR::Point3;
+
+/// A list that may be long in a record of a drawing. In the store it lies in the document's memory.
+template <typename Value>
+using DXF_List = std::vector<Value, support::ArenaAllocator<Value>>;
 
 /// Extended data of an entity or a table entry, in the order of the file. Copies of a record share it.
 using DXF_ExtData = std::vector<std::shared_ptr<DXF_Variant>>;

@@ -75,14 +75,19 @@ void DXF_Interface::addCircle(DXF_Circle&& record) { storeCounted(std::move(reco
 void DXF_Interface::addEllipse(DXF_Ellipse&& record) { storeCounted(std::move(record), ellipseCount); }
 
 void DXF_Interface::addLWPolyline(DXF_LWPolyline&& record) {
-  // A stated count that the file does not fill leaves room that the store would keep for nothing.
-  record.vertices.shrink_to_fit();
+  support::Settle(record.vertices, document->entityMemory);
   storeCounted(std::move(record), lwPolylineCount);
 }
 
 void DXF_Interface::addPolyline(DXF_Polyline&& record) { storeCounted(std::move(record), polylineCount); }
 
-void DXF_Interface::addSpline(DXF_Spline&& record) { storeCounted(std::move(record), splineCount); }
+void DXF_Interface::addSpline(DXF_Spline&& record) {
+  support::Settle(record.knots, document->entityMemory);
+  support::Settle(record.controlPoints, document->entityMemory);
+  support::Settle(record.weights, document->entityMemory);
+  support::Settle(record.fitPoints, document->entityMemory);
+  storeCounted(std::move(record), splineCount);
+}
 
 void DXF_Interface::reservedKnot() {}
 

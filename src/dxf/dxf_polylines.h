@@ -66,7 +66,7 @@ class DXF_LWPolyline : public DXF_Entity {
   double elevation = 0.0;
   double thickness = 0.0;
   DXF_Coord extrusion = {0.0, 0.0, 1.0};
-  std::vector<DXF_Vertex2D> vertices;
+  DXF_List<DXF_Vertex2D> vertices;
 
  protected:
   /// Takes the groups of a vertex (10, 20, 40, 41, 42); false for any other.

@@ -1,8 +1,6 @@
 #ifndef DRAWLOAD_DXF_DXF_SPLINE_H
 #define DRAWLOAD_DXF_DXF_SPLINE_H
 
-#include <vector>
-
 #include "dxf/dxf_shapes.h"
 
 class DXF_Spline : public DXF_Entity {
@@ -22,10 +20,10 @@ class DXF_Spline : public DXF_Entity {
   double knotTolerance = 1e-7;
   double controlTolerance = 1e-7;
   double fitTolerance = 1e-7;
-  std::vector<double> knots;
-  std::vector<DXF_Coord> controlPoints;
-  std::vector<double> weights;
-  std::vector<DXF_Coord> fitPoints;
+  DXF_List<double> knots;
+  DXF_List<DXF_Coord> controlPoints;
+  DXF_List<double> weights;
+  DXF_List<DXF_Coord> fitPoints;
 
  protected:
   /// Takes the groups of the two lists of points (10 to 31); false for any other.

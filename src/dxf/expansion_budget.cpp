@@ -22,7 +22,7 @@ std::size_t PointsOf(const DXF_Polyline& record) {
   return points;
 }
 
-std::size_t PointsOf(const std::vector<DXF_Vertex2D>& vertices) {
+std::size_t PointsOf(const DXF_List<DXF_Vertex2D>& vertices) {
   std::size_t points = 0;
   for (const DXF_Vertex2D& vertex : vertices) points += PointsOfVertex(vertex.bulge);
   return points;

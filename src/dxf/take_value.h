@@ -1,8 +1,6 @@
 #ifndef DRAWLOAD_DXF_TAKE_VALUE_H
 #define DRAWLOAD_DXF_TAKE_VALUE_H
 
-#include <vector>
-
 #include "dxf/dxf_entity.h"
 #include "dxf/dxf_reader.h"
 
@@ -23,8 +21,8 @@ inline bool TakeCoord(std::int32_t code, std::int32_t xCode, const dxfReader& re
 
 /// The same for a list: group `xCode` starts a coordinate, the other two go to the last one and are dropped
 /// if there is none.
-inline bool TakeListedCoord(std::int32_t code, std::int32_t xCode, const dxfReader& reader,
-                            std::vector<DXF_Coord>& list) {
+template <typename List>
+bool TakeListedCoord(std::int32_t code, std::int32_t xCode, const dxfReader& reader, List& list) {
   if (code == xCode) {
     list.push_back({reader.realValue, 0.0, 0.0});
     return true;

@@ -353,7 +353,8 @@ void ContentInterpreter::Paint(const ContentLine& line) {
     return;
   }
   PDF_PagePath painted;
-  painted.path = *currentPath;
+  painted.path =
+      PdfPathData(currentPath->begin(), currentPath->end(), PdfPathData::allocator_type(page.memory.get()));
   painted.paint = state.paint;
   painted.paintMode = *mode;
   const std::size_t bytes = painted.path.size() * sizeof(PdfPathSegment);

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "support/arena_allocator.h"
+
 namespace pdf {
 
 /// A point of a page, in PDF units.
@@ -31,7 +33,8 @@ struct PdfPathSegment {
   bool operator==(const PdfPathSegment&) const = default;
 };
 
-using PdfPathData = std::vector<PdfPathSegment>;
+/// Those of the page records lie in the memory of their pages.
+using PdfPathData = std::vector<PdfPathSegment, support::ArenaAllocator<PdfPathSegment>>;
 
 }  // namespace pdf
 

@@ -51,6 +51,7 @@ PDF_Page PageReader::ReadPage(std::int32_t number) {
   const auto object = source.Fetch(number);
   PdfTokens tokens = object->tokens;
   PDF_Page page;
+  page.memory = pageMemory;
   PageResources resources;
   std::vector<std::int32_t> contents;
   for (std::size_t i = 0; i < tokens.size(); ++i) {

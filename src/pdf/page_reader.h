@@ -45,6 +45,7 @@ class PageReader {
   support::BlockText ContentText(const std::vector<std::int32_t>& numbers);
 
   ObjectSource source;
+  std::shared_ptr<support::Arena> pageMemory = std::make_shared<support::Arena>();
   ResourceReader resourceReader;
   std::vector<std::shared_ptr<const PdfObject>> inserted;  ///< what the tokens of the page are views into
   std::unordered_map<std::int32_t, KeptContent> keptContents;

@@ -54,8 +54,9 @@ using PDF_Entity = std::variant<PDF_PagePath, PDF_PageText, PDF_PageImage>;
 
 /// A page as it goes to the sink.
 struct PDF_Page {
-  std::array<double, 4> mediaBox{};  ///< x0, y0, x1, y1; zero where the page's own dictionary has none
-  std::vector<PDF_Entity> entities;  ///< in drawing order
+  std::shared_ptr<support::Arena> memory;  ///< of the entities' paths, shared by all pages; null: the heap
+  std::array<double, 4> mediaBox{};        ///< x0, y0, x1, y1; zero where the page's own dictionary has none
+  std::vector<PDF_Entity> entities;        ///< in drawing order
 };
 
 }  // namespace pdf

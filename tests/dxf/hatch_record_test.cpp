@@ -132,10 +132,10 @@ TEST(HatchRecord, ReadsTheGroupsOfASpline) {
   EXPECT_EQ(spline.knotCount, 2);
   EXPECT_EQ(spline.controlCount, 2);
   EXPECT_EQ(spline.fitCount, 1);
-  EXPECT_EQ(spline.knots, (std::vector<double>{0, 1}));
-  EXPECT_EQ(spline.weights, (std::vector<double>{0.5}));
-  EXPECT_EQ(spline.controlPoints, (std::vector<Coord>{{1, 2, 0}, {3, 4, 0}}));
-  EXPECT_EQ(spline.fitPoints, (std::vector<Coord>{{5, 6, 0}}));
+  EXPECT_EQ(spline.knots, (DXF_List<double>{0, 1}));
+  EXPECT_EQ(spline.weights, (DXF_List<double>{0.5}));
+  EXPECT_EQ(spline.controlPoints, (DXF_List<Coord>{{1, 2, 0}, {3, 4, 0}}));
+  EXPECT_EQ(spline.fitPoints, (DXF_List<Coord>{{5, 6, 0}}));
   EXPECT_EQ(spline.startTangent, (Coord{7, 8, 0}));
   EXPECT_EQ(spline.endTangent, (Coord{9, 10, 0}));
   EXPECT_EQ(record.sourceCount, 0);
@@ -172,7 +172,7 @@ TEST(HatchRecord, ReadsAPolylinePath) {
   EXPECT_EQ(polyline.hasBulge, 1);
   EXPECT_EQ(polyline.closed, 1);
   EXPECT_EQ(polyline.vertexCount, 2);
-  EXPECT_EQ(polyline.vertices, (std::vector<DXF_Vertex2D>{{1, 2, 3, 4, 0.5}, {6, 7, 0, 0, 0}}));
+  EXPECT_EQ(polyline.vertices, (DXF_List<DXF_Vertex2D>{{1, 2, 3, 4, 0.5}, {6, 7, 0, 0, 0}}));
   EXPECT_EQ(record.edgeType, 0);
 }
 
@@ -185,7 +185,7 @@ TEST(HatchRecord, StartsEachPolylineAnew) {
   const auto record = Parsed<DXF_Hatch>("92|2|73|1|10|1|20|2|97|0|92|2|10|3|20|4|97|0");
   ASSERT_EQ(record.edges.size(), 2U);
   EXPECT_EQ(EdgeOf<DXF_HatchLWPolyline>(record, 1).closed, 0);
-  EXPECT_EQ(EdgeOf<DXF_HatchLWPolyline>(record, 1).vertices, (std::vector<DXF_Vertex2D>{{3, 4, 0, 0, 0}}));
+  EXPECT_EQ(EdgeOf<DXF_HatchLWPolyline>(record, 1).vertices, (DXF_List<DXF_Vertex2D>{{3, 4, 0, 0, 0}}));
 }
 
 TEST(HatchRecord, HandsTheTagsOfAPolylinePathToTheHatchToo) {

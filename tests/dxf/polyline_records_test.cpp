@@ -100,10 +100,10 @@ TEST(SplineRecord, TakesItsGroups) {
   EXPECT_EQ(record.knotTolerance, 0.1);
   EXPECT_EQ(record.controlTolerance, 0.2);
   EXPECT_EQ(record.fitTolerance, 0.3);
-  EXPECT_EQ(record.knots, (std::vector<double>{0, 1}));
-  EXPECT_EQ(record.weights, (std::vector<double>{0.5, 0.75}));
-  EXPECT_EQ(record.controlPoints, (std::vector<Coord>{{1, 2, 3}, {4, 5, 6}}));
-  EXPECT_EQ(record.fitPoints, (std::vector<Coord>{{7, 8, 9}}));
+  EXPECT_EQ(record.knots, (DXF_List<double>{0, 1}));
+  EXPECT_EQ(record.weights, (DXF_List<double>{0.5, 0.75}));
+  EXPECT_EQ(record.controlPoints, (DXF_List<Coord>{{1, 2, 3}, {4, 5, 6}}));
+  EXPECT_EQ(record.fitPoints, (DXF_List<Coord>{{7, 8, 9}}));
   EXPECT_EQ(record.layer, "a");
 }
 
@@ -136,8 +136,8 @@ TEST(HelixRecord, HandsTheTagsFromGroup70To90ToItsSplineToo) {
   const auto record = Parsed<DXF_Helix>("40|9|70|8|71|3|40|0.5|10|1|20|2|90|29|40|7|10|3");
   EXPECT_EQ(record.spline.flags, 8);
   EXPECT_EQ(record.spline.degree, 3);
-  EXPECT_EQ(record.spline.knots, (std::vector<double>{0.5}));
-  EXPECT_EQ(record.spline.controlPoints, (std::vector<Coord>{{1, 2, 0}}));
+  EXPECT_EQ(record.spline.knots, (DXF_List<double>{0.5}));
+  EXPECT_EQ(record.spline.controlPoints, (DXF_List<Coord>{{1, 2, 0}}));
   EXPECT_EQ(record.radius, 7.0);
   EXPECT_EQ(record.axisBase, (Coord{3, 2, 0}));
 }
