@@ -214,6 +214,14 @@ TEST(Use, MovesFirstAndTransformsThen) {
   EXPECT_EQ(drawing.All<ZR_Circle>()[1]->matrix, kIdentity);
 }
 
+TEST(Use, EndsItsPlacementBehindItself) {
+  const SvgDrawing drawing(
+      "<svg><circle id='a'/><use xlink:href='#a' x='3'/><circle/>"
+      "<g transform='scale(2)'><use xlink:href='#a' x='3'/><g/></g></svg>");
+  EXPECT_EQ(drawing.All<ZR_Circle>()[2]->matrix, kDocument);
+  EXPECT_EQ(drawing.All<ZR_Insert>()[3]->matrix, (Matrix2D{2 * kUnit, 0, 0, 2 * kUnit, 0, 0}));
+}
+
 TEST(Use, StandsInsideAGroupWithTheGroupsMatrix) {
   const SvgDrawing drawing(
       "<svg><circle id='a'/><g transform='scale(2)'><use xlink:href='#a' x='3'/></g></svg>");
