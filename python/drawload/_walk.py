@@ -42,7 +42,8 @@ def _walk(library) -> Iterator["ctypes._Pointer[FileDraw]"]:
 @contextlib.contextmanager
 def _standard_output_turned_away():
     """The library notes on standard output what it meets in a PDF; those notes are not the caller's output."""
-    sys.stdout.flush()
+    if sys.stdout is not None:  # None under a program without a console, or with a closed descriptor
+        sys.stdout.flush()
     try:
         saved = os.dup(1)
     except OSError:  # standard output is closed

@@ -1,6 +1,7 @@
 """Tests of the module against the installed library; DRAWLOAD_LIBRARY names the library under test."""
 
 import math
+import os
 import subprocess
 import sys
 
@@ -88,6 +89,19 @@ def test_the_notes_of_the_library_stay_off_standard_output(tmp_path):
     code = f"import drawload; drawload.load({str(path)!r}); print('mine')"
     done = subprocess.run([sys.executable, "-c", code], capture_output=True, check=True)
     assert done.stdout == b"mine\n"
+
+
+def test_a_closed_standard_output_is_no_obstacle(drawing):
+    code = f"import drawload, sys; assert sys.stdout is None; sys.exit(len(drawload.load({str(drawing)!r})))"
+    assert subprocess.run([sys.executable, "-c", code], preexec_fn=lambda: os.close(1)).returncode == 2
+
+
+def test_names_of_any_bytes_are_read(tmp_path):
+    path = os.fsencode(tmp_path) + b"/caf\xe9 \"q\"\n.dxf"
+    with open(path, "w", encoding="ascii") as file:
+        file.write(DRAWING)
+    assert len(drawload.load(path)) == 2
+    assert len(drawload.load(os.fsdecode(path))) == 2
 
 
 def test_a_missing_library_is_told_with_what_to_do(monkeypatch):

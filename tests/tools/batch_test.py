@@ -64,17 +64,12 @@ class BatchTest(unittest.TestCase):
         (self.drawings / "a.dxf").write_text(LINE)
         (self.drawings / "b.dxf").write_text(big_drawing(600_000))
         (self.drawings / "c.dxf").write_text(LINE)
-        command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
-        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as running:
-            deadline = time.monotonic() + 60
-            while not (self.out / "a.dxf.html").exists() and time.monotonic() < deadline:
-                time.sleep(0.01)
-            time.sleep(0.1)
-            children = pathlib.Path(f"/proc/{running.pid}/task/{running.pid}/children").read_text().split()
-            self.assertEqual(len(children), 1)
-            os.kill(int(children[0]), signal.SIGKILL)
-            running.communicate(timeout=60)
-        self.assertEqual(running.returncode, 1)
+
+        def kill_the_worker(process):
+            (worker,) = self.workers_of(process)
+            os.kill(worker, signal.SIGKILL)
+
+        self.assertEqual(self.interrupted_in_the_second_file(kill_the_worker)[0], 1)
         statuses = {name: row["status"] for name, row in self.rows().items()}
         self.assertEqual(statuses, {"a.dxf": "ok", "b.dxf": "crashed", "c.dxf": "ok"})
         self.assertIn("Killed", self.rows()["b.dxf"]["message"])
@@ -157,6 +152,9 @@ class BatchTest(unittest.TestCase):
         self.assertEqual(self.batch(self.drawings, "--to", "svg", "--resume").returncode, 0)
         self.assertEqual(os.stat(os.fsencode(self.out) + b"/caf\xe9 \"q\"\n.dxf.svg").st_mtime_ns, stamp)
 
+    def workers_of(self, process):
+        return [int(child) for child in pathlib.Path(f"/proc/{process}/task/{process}/children").read_text().split()]
+
     def interrupted_in_the_second_file(self, interrupt):
         """Status and messages of a batch, in a process group of its own, of which one file is done and one begun."""
         command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "html", "--jobs", "1"]
@@ -168,6 +166,19 @@ class BatchTest(unittest.TestCase):
             interrupt(running.pid)
             errors = running.communicate(timeout=60)[1]
         return running.returncode, errors
+
+    def test_an_interrupt_at_any_time_can_be_resumed(self):
+        for number in range(60):
+            (self.drawings / f"{number}.dxf").write_text(LINE)
+        for attempt in range(12):
+            self.out = self.here / f"out{attempt}"
+            command = [PROGRAM, "batch", self.drawings, "--out", self.out, "--to", "svg", "--jobs", "2"]
+            with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as running:
+                while not (self.out / "report.json").exists():
+                    time.sleep(0.001)
+                time.sleep(0.002 * attempt)
+                running.send_signal(signal.SIGINT)
+            self.assertEqual(self.batch(self.drawings, "--to", "svg", "--resume").returncode, 0, self.rows())
 
     def test_a_terminal_that_closes_interrupts_too(self):
         (self.drawings / "a.dxf").write_text(LINE)
@@ -208,7 +219,7 @@ class BatchTest(unittest.TestCase):
         counts = set()
         with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as running:
             while running.poll() is None:
-                counts.add(len(pathlib.Path(f"/proc/{running.pid}/task/{running.pid}/children").read_text().split()))
+                counts.add(len(self.workers_of(running.pid)))
         self.assertEqual(max(counts), 3)
         self.assertEqual(running.returncode, 0)
 
@@ -258,7 +269,7 @@ class BatchTest(unittest.TestCase):
     def limits_of_a_child(self, parent):
         """The soft limits of the first child of `parent` that has set its own."""
         while parent.poll() is None:
-            for child in pathlib.Path(f"/proc/{parent.pid}/task/{parent.pid}/children").read_text().split():
+            for child in self.workers_of(parent.pid):
                 try:
                     lines = pathlib.Path(f"/proc/{child}/limits").read_text().splitlines()[1:]
                 except OSError:  # it has just ended

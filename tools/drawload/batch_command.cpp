@@ -96,6 +96,7 @@ class Batch {
  private:
   struct Running {
     std::size_t index;
+    bool replaces;  ///< its output was there before
     std::unique_ptr<Worker> worker;
   };
 
@@ -103,7 +104,7 @@ class Batch {
     return options.outputFolder + "/" + inputs[index].outputName;
   }
   void Start(std::size_t index);
-  /// Removes what a worker that was ended leaves behind.
+  /// Removes what a worker leaves that was ended or failed.
   void CleanBehind(const Running& slot) const;
   void Collect(Progress& progress);
   void WorkThrough(Progress& progress);
@@ -142,14 +143,18 @@ void Batch::Start(std::size_t index) {
   const OutputFormat to = format;
   const bool replace = options.replace;
   const LibraryNotes notes = options.notes;
-  running.push_back(
-      {index, std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace, notes); },
-                                       options.timeout)});
+  std::error_code unknown;
+  const bool replaces = fs::exists(fs::symlink_status(output, unknown));
+  running.push_back({index, replaces,
+                     std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace, notes); },
+                                              options.timeout)});
 }
 
 void Batch::CleanBehind(const Running& slot) const {
   std::error_code nothingThere;
   fs::remove(UnfinishedName(OutputPath(slot.index), slot.worker->ProcessId()), nothingThere);
+  // It may have been ended between its output and its report.
+  if (!slot.replaces) fs::remove(OutputPath(slot.index), nothingThere);
 }
 
 void Batch::Collect(Progress& progress) {
@@ -159,7 +164,7 @@ void Batch::Collect(Progress& progress) {
     rows[slot.index] = {inputs[slot.index].path, OutputPath(slot.index), *outcome};
     finished[slot.index] = true;
     progress.Note(rows[slot.index]);
-    CleanBehind(slot);
+    if (outcome->status != FileStatus::kOk) CleanBehind(slot);
     slot.worker.reset();
   }
   if (std::erase_if(running, [](const Running& slot) { return slot.worker == nullptr; }) > 0)
