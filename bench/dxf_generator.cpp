@@ -118,6 +118,7 @@ class Generator {
 
   void Polyline() {
     Begin("LWPOLYLINE");
+    dxf.Pair(100, "AcDbEntity");
     dxf.Pair(100, "AcDbPolyline");
     const int count = 4 + Below(12);
     dxf.Pair(90, count);
@@ -132,6 +133,7 @@ class Generator {
   /// A clamped cubic spline.
   void Spline() {
     Begin("SPLINE");
+    dxf.Pair(100, "AcDbEntity");
     dxf.Pair(100, "AcDbSpline");
     const int count = 4 + Below(6);
     dxf.Pair(70, 8);

@@ -1,10 +1,12 @@
-// read_drawing [--bytes] [FILE]: loads a drawing, walks its results and writes how many there are to standard
-// error, with --bytes also the bytes that they take. Nothing more, so that its time is the library's. Without
-// a file it ends at once: what that takes, every run takes.
+// read_drawing [--memory] [FILE]: loads a drawing, walks its results and writes how many there are to
+// standard error, with --memory also the bytes that they take and the most memory that the program had.
+// Nothing more, so that its time is the library's. Without a file it ends at once: what that takes, every run
+// takes.
 #include <cstdio>
 #include <cstring>
 
 #include "drawload/exports.h"
+#include "peak_memory.h"
 
 namespace {
 
@@ -24,19 +26,17 @@ std::size_t BytesOf(const CFileDraw& result) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool countsBytes = argc > 1 && std::strcmp(argv[1], "--bytes") == 0;
-  const int file = countsBytes ? 2 : 1;
-  if (file >= argc) return 0;
-  if (DrawLoad_Z7(argv[file]) == 0) return 1;
+  const bool tellsMemory = argc > 1 && std::strcmp(argv[1], "--memory") == 0;
+  const int file = tellsMemory ? 2 : 1;
+  if (file < argc && DrawLoad_Z7(argv[file]) == 0) return 1;
   CFileDraw* result = nullptr;
   std::size_t count = 0;
   std::size_t bytes = 0;
   for (int more = GetFirstData_Z7(&result); more != 0; more = GetNextData_Z7(&result)) {
     ++count;
-    if (countsBytes) bytes += BytesOf(*result) + sizeof(FileMember);
+    if (tellsMemory) bytes += BytesOf(*result) + sizeof(FileMember);
   }
-  std::fprintf(stderr, "%zu results", count);
-  if (countsBytes) std::fprintf(stderr, ", %zu bytes", bytes);
-  std::fputc('\n', stderr);
+  std::fprintf(stderr, "results %zu\n", count);
+  if (tellsMemory) std::fprintf(stderr, "bytes %zu\npeak %zu\n", bytes, bench::PeakMemory());
   return 0;
 }
