@@ -59,12 +59,17 @@ constexpr FT_Outline_Funcs kReceivers = {MoveTo, LineTo, ConicTo, CubicTo, 0, 0}
 
 }  // namespace
 
-std::unique_ptr<Face> Face::Open(FT_Library library, const std::string& file, FT_UInt pixelSize) {
+std::unique_ptr<Face> Face::Open(FT_Library library, const std::string& path, FT_UInt pixelSize) {
+  auto file = std::make_unique<FontFile>(path);
+  FT_Open_Args source = {};
+  source.flags = FT_OPEN_STREAM;
+  source.stream = file->Stream();
+  if (source.stream == nullptr) return nullptr;
   FT_Face opened = nullptr;
-  if (FT_New_Face(library, file.c_str(), 0, &opened) != 0) return nullptr;
+  if (FT_Open_Face(library, &source, 0, &opened) != 0) return nullptr;
   OwnedFace owned(opened);
   FT_Set_Pixel_Sizes(opened, pixelSize, 0);
-  return std::unique_ptr<Face>(new Face(std::move(owned)));
+  return std::unique_ptr<Face>(new Face(std::move(file), std::move(owned)));
 }
 
 const Glyph& Face::GlyphOf(char32_t codePoint, const GlyphPlacement& placement) {

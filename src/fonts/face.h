@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "fonts/font_file.h"
 #include "fonts/outline.h"
 
 namespace fonts {
@@ -38,8 +39,9 @@ struct Glyph {
 /// depends on the place. Only an upright glyph at the pen (0, 0) skips matrix and move; it is kept by itself.
 class Face {
  public:
-  /// Opens face 0 of `file`; null where the engine cannot. A size that the font does not have is no error.
-  static std::unique_ptr<Face> Open(FT_Library library, const std::string& file, FT_UInt pixelSize);
+  /// Opens face 0 of `path`, which is null where that is no regular file or no font. A size that the font
+  /// does not have is no error.
+  static std::unique_ptr<Face> Open(FT_Library library, const std::string& path, FT_UInt pixelSize);
 
   /// The glyph of `codePoint`, or the font's substitute where it has none.
   const Glyph& GlyphOf(char32_t codePoint, const GlyphPlacement& placement);
@@ -54,9 +56,11 @@ class Face {
 
   using OwnedFace = std::unique_ptr<FT_FaceRec, FaceDeleter>;
 
-  explicit Face(OwnedFace opened) : face(std::move(opened)) {}
+  Face(std::unique_ptr<FontFile> source, OwnedFace opened)
+      : file(std::move(source)), face(std::move(opened)) {}
   Glyph Load(FT_UInt index, const GlyphPlacement& placement);
 
+  std::unique_ptr<FontFile> file;  ///< outlives `face`
   OwnedFace face;
   std::unordered_map<std::uint64_t, Glyph> glyphs;  ///< by glyph index and kind of placement
   std::size_t keptBytes = 0;

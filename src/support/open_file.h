@@ -26,6 +26,9 @@ class OpenFile {
   /// fails.
   std::optional<std::size_t> ReadInto(char* buffer, std::size_t room) const;
 
+  /// The same from the byte at `offset` on, wherever reading stood before.
+  std::optional<std::size_t> ReadAt(std::size_t offset, char* buffer, std::size_t room) const;
+
  private:
   int descriptor;
 };

@@ -1,51 +1,21 @@
 // Files cut, flipped and shuffled, each read by a child process within 2 seconds and 512 MiB.
-#include <functional>
 #include <gtest/gtest.h>
 
 #include "drawload/exports.h"
 #include "dump/result_dump.h"
 #include "entry/scratch_folder.h"
 #include "faults/child.h"
-#include "faults/damage.h"
+#include "faults/damaged_forms.h"
 #include "faults/drawing_files.h"
 
 namespace {
 
+using damaged_forms::CutIt;
+using damaged_forms::Damage;
+using damaged_forms::FlipIt;
+using damaged_forms::Kept;
+using damaged_forms::ShuffleIt;
 using drawing_files::Path;
-
-/// How many places of a file are damaged in each way: DRAWLOAD_FAULT_POINTS, else what the build was given.
-std::size_t Points() {
-  const char* wanted = std::getenv("DRAWLOAD_FAULT_POINTS");
-  return wanted == nullptr ? DRAWLOAD_FAULT_POINTS : std::strtoul(wanted, nullptr, 10);
-}
-
-/// One damaged form of a file after the other, each with a name that says what was done.
-using Take = std::function<void(const std::string& name, const std::string& damaged)>;
-using Damage = void (*)(const std::string& bytes, const Take& take);
-
-void CutIt(const std::string& bytes, const Take& take) {
-  for (const std::size_t place : damage::Places(bytes.size(), Points())) {
-    take("cut at " + std::to_string(place), damage::CutAt(bytes, place));
-  }
-}
-
-void FlipIt(const std::string& bytes, const Take& take) {
-  damage::Random random(1);
-  for (const std::size_t place : damage::Places(bytes.size(), Points())) {
-    const std::string name = "flipped at " + std::to_string(place);
-    take(name, damage::FlippedAt(bytes, place, 0xFF));
-    const auto bit = static_cast<unsigned char>(1u << damage::Below(8, random));
-    take(name + " by " + std::to_string(bit), damage::FlippedAt(bytes, place, bit));
-  }
-}
-
-void ShuffleIt(const std::string& bytes, const Take& take) {
-  damage::Random random(2);
-  for (std::size_t i = 0; i < Points() / 2; ++i) {
-    take("swapped " + std::to_string(i), damage::WithBlocksSwapped(bytes, random));
-    take("repeated " + std::to_string(i), damage::WithABlockRepeated(bytes, random));
-  }
-}
 
 std::string LoadAndWalk(const std::string& drawing) {
   std::string bytes;
@@ -56,15 +26,6 @@ std::string LoadAndWalk(const std::string& drawing) {
     result_dump::Append(bytes, *object);
   }
   return GetFirstData_Z7(&object) == 0 ? std::string() : "results are left behind the walk";
-}
-
-/// The damaged file stays where it can be looked at.
-std::string Kept(const std::string& file, const std::string& name, const std::string& bytes) {
-  const Path folder = Path(DRAWLOAD_FAULT_FINDINGS);
-  std::filesystem::create_directories(folder);
-  const Path path = folder / (name + " " + file);
-  drawing_files::WriteBytes(path, bytes);
-  return path.string();
 }
 
 struct Campaign {

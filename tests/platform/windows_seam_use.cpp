@@ -17,6 +17,8 @@ int main(int argc, char** argv) {
   platform::GlobalUnlock(handle);
   platform::GlobalFree(handle);
   const auto file = support::FileBytes::Read(path);
+  char first = 0;
+  support::OpenFile(path).ReadAt(0, &first, 1);
   std::fclose(support::StreamOver("bytes"));
   return file && support::AtoF(file->View()) > 0.0 ? 0 : 1;
 }

@@ -37,6 +37,11 @@ std::optional<std::size_t> OpenFile::ReadInto(char* buffer, std::size_t room) co
   return filled;
 }
 
+std::optional<std::size_t> OpenFile::ReadAt(std::size_t offset, char* buffer, std::size_t room) const {
+  if (_lseeki64(descriptor, static_cast<long long>(offset), SEEK_SET) < 0) return std::nullopt;
+  return ReadInto(buffer, room);
+}
+
 // There are no streams over memory here: the bytes go through a temporary file, which ends with its stream.
 std::FILE* StreamOver(std::string_view bytes) {
   std::FILE* stream = std::tmpfile();
