@@ -5,7 +5,8 @@
 #include "support/file_bytes.h"
 
 bool DXF_PictureFiles::Spend(std::size_t amount) {
-  if (amount > workLeft) return false;
+  if (amount > workLeft) workLeft = 0;
+  if (workLeft == 0) return false;
   workLeft -= amount;
   return true;
 }
@@ -18,6 +19,8 @@ support::Picture DXF_PictureFiles::Load(const DXF_ImageDef& definition) {
     const std::optional<support::FileBytes> file = support::FileBytes::Read(definition.path, workLeft);
     if (!file || !Spend(file->View().size())) return {};
     lastPicture = support::DecodePicture(file->View());
+    if (!Spend(lastPicture.work)) lastPicture = {};
+    return lastPicture;
   }
   const auto pixels =
       static_cast<std::size_t>(lastPicture.width) * static_cast<std::size_t>(lastPicture.height);

@@ -89,7 +89,7 @@ Glyph Face::Load(FT_UInt index, const GlyphPlacement& placement) {
   const FT_Error error = FT_Load_Glyph(face.get(), index, FT_LOAD_NO_BITMAP);
   FontMemory::ThrowIfExhausted(*face);
   if (error != 0) return glyph;
-  const FT_GlyphSlot slot = face->glyph;
+  FT_GlyphSlot const slot = face->glyph;
   const FT_Outline& outline = slot->outline;
   glyph.isLoaded = true;
   glyph.advance = slot->advance.x;

@@ -104,8 +104,10 @@ void DecodeFlateStream(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budg
 }
 
 void DecodeJpxStream(PdfStreamData& data, PdfWorkBudget& budget) {
-  if (!DecodeJpeg2000(InputOf(data), data.imagePlane)) return;
-  if (!budget.Take(data.imagePlane.size())) return DropOutput(data);
+  if (!DecodeJpeg2000(InputOf(data), budget, data.imagePlane)) {
+    if (budget.Left() == 0) DropOutput(data);
+    return;
+  }
   data.components = 3;
 }
 

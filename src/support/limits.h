@@ -76,11 +76,26 @@ constexpr std::size_t kSmallPicturePixels = std::size_t{1} << 20;
 /// very narrow pictures are rounded up.
 constexpr std::size_t kPictureSlackBytes = std::size_t{16} << 20;
 
-/// Scans of one JPEG picture. Progressive pictures have about ten; each one costs a pass over all pixels.
+/// The same for PNG files.
+constexpr std::size_t kPngSlackBytes = std::size_t{256} << 10;
+
+/// Scans of one JPEG picture. Progressive pictures have about ten; each one costs a pass over all pixels. So
+/// many count as one decoding of the picture.
 constexpr std::size_t kJpegScans = 100;
+constexpr std::size_t kJpegUsualScans = 16;
 
 /// Segments of Huffman tables of one JPEG picture: four for each scan.
 constexpr std::size_t kJpegTableSegments = 400;
+
+/// Memory for the tables of tiles, of precincts and of code blocks that OpenJPEG makes for one JPEG 2000
+/// picture before it sees any data. Enough for 28,000 tiles of three components, and for blocks of 16 x 16
+/// pixels of the largest picture; a header of a hundred bytes could ask for terabytes.
+constexpr std::size_t kJpeg2000TableBytes = std::size_t{256} << 20;
+
+/// Packets of data of one JPEG 2000 picture, each of which is a byte of its file at least: a base for files
+/// that say more than they hold, and so many for each byte.
+constexpr std::size_t kJpeg2000Packets = 65536;
+constexpr std::size_t kJpeg2000PacketsPerByte = 8;
 
 /// Whole turns between the two angles of an arc. Each quarter turn becomes a segment, so a file of a few
 /// bytes could ask for endless ones; real arcs stay within one turn.
@@ -218,9 +233,9 @@ constexpr std::size_t kSvgReferencedMost = (std::size_t{1} << 23) / kWorkDivisor
 /// stops stay within it. Beyond it entities travel without their gradients.
 constexpr std::size_t kSvgGradientUnits = (std::size_t{1} << 22) / kWorkDivisor;
 
-/// Pixels that are decoded for one SVG file. A small file can hold, or refer to in turn, many pictures of
-/// great size.
-constexpr std::size_t kSvgPicturePixels = (std::size_t{1} << 29) / kWorkDivisor;
+/// Pixels that are decoded for one SVG file, those of pictures that turn out broken too. A small file can
+/// hold, or refer to in turn, many pictures of great size.
+constexpr std::size_t kSvgPictureWork = (std::size_t{1} << 29) / kWorkDivisor;
 
 }  // namespace support::limits
 

@@ -76,12 +76,12 @@ bool IsWithinBounds(std::string_view file, const PictureSize& size) {
   return size.Pixels() <= limits::kSmallPicturePixels || size.Pixels() / pixelsPerByte <= file.size();
 }
 
-/// Every scan of a JPEG file passes over the whole picture, however few bytes it has.
-bool HasTooManyScans(std::string_view file) {
-  if (!IsJpeg(file)) return false;
+/// The scans of a JPEG file. Every one passes over the whole picture, however few bytes it has.
+std::size_t Scans(std::string_view file) {
+  if (!IsJpeg(file)) return 0;
   std::size_t scans = 0;
   for (std::size_t at = file.find("\xFF\xDA"); at != file.npos; at = file.find("\xFF\xDA", at + 2)) ++scans;
-  return scans > limits::kJpegScans;
+  return scans;
 }
 
 /// The byte at `at`; 0 behind the end, as the decoder reads it.
@@ -142,10 +142,14 @@ bool HasBrokenTables(std::string_view file) {
          !std::all_of(places.begin(), places.end(), [&](std::size_t at) { return HasSoundTables(file, at); });
 }
 
+bool IsPng(std::string_view file) { return file.starts_with("\x89PNG"); }
+
 // The decoder's working memory for one pixel is at most 16 bytes (four floats); packed data is taken in
-// blocks that double until they fit.
+// blocks that double until they fit. A PNG file needs nothing else, and what it unpacks beyond its pixels is
+// waste.
 std::size_t BlockLimit(std::string_view file, const PictureSize& size) {
-  return limits::kPictureSlackBytes + 32 * size.Pixels() + 2 * file.size();
+  const std::size_t slack = IsPng(file) ? limits::kPngSlackBytes : limits::kPictureSlackBytes;
+  return slack + 32 * size.Pixels() + 2 * file.size();
 }
 
 bool IsSoftimagePic(std::string_view file) { return file.starts_with("\x53\x80\xF6\x34"); }
@@ -176,12 +180,19 @@ Picture DecodePicture(std::string_view file) {
   PictureSize size;
   if (file.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return {};
   if (HasBrokenTables(file)) return {};
-  if (!ReadSize(file, size) || !IsWithinBounds(file, size) || HasTooManyScans(file)) return {};
+  if (!ReadSize(file, size) || !IsWithinBounds(file, size)) return {};
+  const std::size_t scans = Scans(file);
+  if (scans > limits::kJpegScans) return {};
+  Picture picture;
+  picture.work = size.Pixels() * (1 + scans / limits::kJpegUsualScans);
   blockLimit = BlockLimit(file, size);
-  std::shared_ptr<const unsigned char> pixels(DecodePixels(file, size), std::free);
-  if (pixels == nullptr) return {};
-  return {pixels, size.Pixels() * static_cast<std::size_t>(size.channels), size.width, size.height,
-          size.channels};
+  picture.pixels.reset(DecodePixels(file, size), std::free);
+  if (picture.pixels == nullptr) return picture;
+  picture.pixelBytes = size.Pixels() * static_cast<std::size_t>(size.channels);
+  picture.width = size.width;
+  picture.height = size.height;
+  picture.channels = size.channels;
+  return picture;
 }
 
 }  // namespace support

@@ -11,11 +11,12 @@ namespace support {
 /// A decoded raster picture: `height` rows, top row first, of `width` pixels of `channels` bytes (1 grey, 2
 /// grey and alpha, 3 red, green, blue, 4 those and alpha), packed with no gap.
 struct Picture {
-  std::shared_ptr<const unsigned char> pixels;  ///< null where nothing could be decoded; all sizes are 0 then
+  std::shared_ptr<const unsigned char> pixels;  ///< null where nothing could be decoded; the sizes are 0 then
   std::size_t pixelBytes = 0;                   ///< how many bytes `pixels` holds
   std::int32_t width = 0;
   std::int32_t height = 0;
   std::int32_t channels = 0;
+  std::size_t work = 0;  ///< what decoding cost, in pixels, even where nothing came of it
 };
 
 /// Decodes a whole picture file (PNG, JPEG, GIF, BMP, TGA, PSD, HDR, PIC, PNM) that stands in memory. The

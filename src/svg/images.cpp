@@ -68,10 +68,9 @@ void SVG_RW::EmitImage(const Svg::SVG_Element& record, ZR_Image& image) {
 /// A picture that several elements inherit or reuse is decoded once.
 support::Picture SVG_RW::PictureOf(std::string_view href) {
   if (href.data() == decodedHref.data() && href.size() == decodedHref.size()) return decodedPicture;
-  if (decodedPixels > support::limits::kSvgPicturePixels) return {};
+  if (pictureWork > support::limits::kSvgPictureWork) return {};
   decodedPicture = support::DecodePicture(DecodeDataImage(href));
   decodedHref = href;
-  decodedPixels +=
-      static_cast<std::size_t>(decodedPicture.width) * static_cast<std::size_t>(decodedPicture.height);
+  pictureWork += decodedPicture.work;
   return decodedPicture;
 }

@@ -19,7 +19,7 @@ SVG_RW::~SVG_RW() { SVG_RW::ResetReader(); }
 bool SVG_RW::Read(const std::string& filePath, PARSE::Context context) {
   if (filePath.empty()) return false;
   path = filePath;
-  referencedUnits = gradientUnits = decodedPixels = 0;
+  referencedUnits = gradientUnits = pictureWork = 0;
   sink->BeginRead(0);
   sink->BeginFile(context);
   document = std::make_unique<Svg::SVG_Interface>(filePath);

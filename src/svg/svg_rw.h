@@ -117,7 +117,7 @@ class SVG_RW : public PARSE::DrawLoader {
   std::size_t referencedUnits = 0;
   std::size_t referencedUnitsLimit = 0;
   std::size_t gradientUnits = 0;
-  std::size_t decodedPixels = 0;
+  std::size_t pictureWork = 0;
   std::string_view decodedHref;  ///< of `decodedPicture`
   support::Picture decodedPicture;
   // Room that is used again for each path.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "drawing.h"
+#include "support/broken_png.h"
 
 namespace {
 
@@ -81,6 +82,22 @@ TEST(ConvertImage, StopsHandingOutPicturesAtTheBoundOfADrawing) {
   ASSERT_EQ(images.size(), 1201u);
   EXPECT_NE(images[1000]->pixels, nullptr);
   EXPECT_EQ(images[1200]->pixels, nullptr);
+}
+
+TEST(ConvertImage, CountsPicturesThatCannotBeDecodedTowardsTheBound) {
+  // Each claims 121 million pixels; a ninth does not fit into the bound.
+  const TemporaryFile broken("png", BrokenPng());
+  const TemporaryFile sound("pgm", "P5 1 1 255\na");
+  Drawing drawing;
+  drawing.objects = "0|DICTIONARY|5|9|0|IMAGEDEF|5|a1|1|" + broken.path + "|0|IMAGEDEF|5|a2|1|" + sound.path;
+  for (int i = 0; i < 9; ++i) drawing.entities += "0|IMAGE|340|A1|0|IMAGE|340|A2|";
+  RecordingSink sink;
+  ReadInto(sink, drawing);
+  const auto images = sink.All<ZR_Image>();
+  ASSERT_EQ(images.size(), 18u);
+  EXPECT_EQ(images[14]->pixels, nullptr);
+  EXPECT_NE(images[15]->pixels, nullptr);
+  EXPECT_EQ(images[17]->pixels, nullptr);
 }
 
 }  // namespace

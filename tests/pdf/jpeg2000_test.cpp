@@ -8,8 +8,6 @@
 #include "pdf/jpeg2000_maker.h"
 #include "pdf/stream_data.h"
 
-using pdf::DecodeJpeg2000;
-
 namespace {
 
 using Plane = std::vector<std::uint8_t>;
@@ -18,6 +16,11 @@ Jpeg2000Maker ThreeComponents() {
   Jpeg2000Maker maker;
   maker.planes = {{1, 2, 3, 4}, {10, 20, 30, 40}, {100, 150, 200, 250}};
   return maker;
+}
+
+bool DecodeJpeg2000(std::string_view bytes, Plane& plane) {
+  pdf::PdfWorkBudget budget(bytes.size());
+  return pdf::DecodeJpeg2000(bytes, budget, plane);
 }
 
 const Plane kThreeComponents{1, 10, 100, 2, 20, 150, 3, 30, 200, 4, 40, 250};
@@ -36,6 +39,52 @@ std::string ErrorOf(const std::string& bytes) {
 /// Sets the four bytes at `place`, the highest first.
 void SetNumber(std::string& bytes, std::size_t place, std::uint32_t number) {
   for (std::size_t i = 0; i < 4; ++i) bytes[place + i] = static_cast<char>(number >> (24 - 8 * i));
+}
+
+void AppendNumber(std::string& bytes, std::uint32_t number, std::size_t size) {
+  for (std::size_t i = size; i-- > 0;) bytes += static_cast<char>(number >> (8 * i));
+}
+
+/// A picture of black, since none of its packets holds anything.
+struct BlackPicture {
+  std::uint32_t side = 64;
+  std::uint32_t tile = 64;
+  std::uint32_t components = 3;
+  std::uint32_t layers = 1;
+  char blockSide = 4;          ///< base 2 logarithm, less 2
+  std::string precincts = {};  ///< of the only resolution; as large as can be where empty
+  std::size_t packets = 3;     ///< of the first tile
+
+  std::string Make() const {
+    std::string bytes = "\xFF\x4F\xFF\x51";
+    AppendNumber(bytes, 38 + 3 * components, 2);
+    AppendNumber(bytes, 0, 2);
+    for (const std::uint32_t number : {side, side, 0U, 0U, tile, tile, 0U, 0U})
+      AppendNumber(bytes, number, 4);
+    AppendNumber(bytes, components, 2);
+    for (std::uint32_t i = 0; i < components; ++i) AppendNumber(bytes, 0x070101, 3);
+    bytes += "\xFF\x52";
+    AppendNumber(bytes, 12 + static_cast<std::uint32_t>(precincts.size()), 2);
+    AppendNumber(bytes, precincts.empty() ? 0 : 1, 1);
+    AppendNumber(bytes, 0, 1);
+    AppendNumber(bytes, layers, 2);
+    bytes += {0, 0, blockSide, blockSide, 0, 1};
+    bytes += precincts;
+    bytes += {'\xFF', '\x5C', 0, 4, 0x40, 0x40};
+    bytes += {'\xFF', '\x90', 0, 10, 0, 0};
+    AppendNumber(bytes, 14 + static_cast<std::uint32_t>(packets), 4);
+    bytes += {0, 1, '\xFF', '\x93'};
+    bytes.append(packets, '\0');
+    return bytes + "\xFF\xD9";
+  }
+};
+
+/// What comes of the picture: "nothing" and no pixels where it is left out.
+std::string OutcomeOf(const std::string& bytes) {
+  Plane plane;
+  const std::string error = ErrorOf(bytes);
+  if (error != "nothing") return error;
+  return DecodeJpeg2000(bytes, plane) ? std::to_string(plane.size()) + " bytes" : error;
 }
 
 }  // namespace
@@ -115,6 +164,84 @@ TEST(Jpeg2000, DropsPicturesThatClaimAnAbsurdSize) {
   std::string bytes = ThreeComponents().Make();
   for (const std::size_t place : {8U, 12U, 24U, 28U}) SetNumber(bytes, place, 60000);
   EXPECT_EQ(ErrorOf(bytes), "nothing");
+}
+
+TEST(Jpeg2000, DropsPicturesOfMoreTilesThanItsTablesMayTake) {
+  BlackPicture picture;
+  EXPECT_EQ(OutcomeOf(picture.Make()), "12288 bytes");
+  picture.side = 255;
+  picture.tile = 1;
+  EXPECT_EQ(OutcomeOf(picture.Make()), "nothing");
+  picture.components = 16384;
+  EXPECT_EQ(OutcomeOf(picture.Make()), "nothing");
+}
+
+TEST(Jpeg2000, DropsPicturesOfMorePacketsThanTheirBytesCouldHold) {
+  BlackPicture picture{.side = 160, .tile = 160, .precincts = std::string(1, '\0'), .packets = 3 * 160 * 160};
+  EXPECT_EQ(OutcomeOf(picture.Make()), "76800 bytes");
+  picture.packets = 3;
+  EXPECT_EQ(OutcomeOf(picture.Make()), "nothing");
+  picture = {.layers = 65535, .packets = 3 * 65535};
+  EXPECT_EQ(OutcomeOf(picture.Make()), "12288 bytes");
+  picture.packets = 3;
+  EXPECT_EQ(OutcomeOf(picture.Make()), "nothing");
+}
+
+TEST(Jpeg2000, DropsPicturesOfMoreBlocksThanItsTablesMayTake) {
+  BlackPicture picture{.side = 4096, .tile = 4096};
+  picture.packets = 20'000;  // so many bytes may stand for so many pixels
+  EXPECT_EQ(OutcomeOf(picture.Make()), "50331648 bytes");
+  picture.blockSide = 0;
+  EXPECT_EQ(OutcomeOf(picture.Make()), "nothing");
+}
+
+TEST(Jpeg2000, FindsClaimsInTheFileFormatAndBehindOtherMarkers) {
+  Jpeg2000Maker maker = ThreeComponents();
+  maker.format = OPJ_CODEC_JP2;
+  std::string bytes = maker.Make();
+  const std::size_t name = bytes.find("jp2c");
+  ASSERT_NE(name, bytes.npos);
+  bytes.resize(name + 4);
+  bytes += BlackPicture{.side = 255, .tile = 1}.Make().insert(2, "\xFF\x30");
+  SetNumber(bytes, name - 4, static_cast<std::uint32_t>(bytes.size() - name + 4));
+  EXPECT_EQ(OutcomeOf(bytes), "nothing");
+}
+
+TEST(Jpeg2000, DropsPicturesWhosePaletteWouldMakeTooManySamples) {
+  Jpeg2000Maker maker;
+  maker.format = OPJ_CODEC_JP2;
+  maker.width = 1024;
+  maker.height = 1024;
+  maker.planes.assign(1, std::vector<std::int32_t>(std::size_t{1} << 20));
+  std::string bytes = maker.Make();
+  // A palette of one colour and 255 channels behind the picture's colour space, at the end of "jp2h".
+  std::string boxes;
+  AppendNumber(boxes, 8 + 3 + 2 * 255, 4);
+  boxes += "pclr";
+  AppendNumber(boxes, 1, 2);
+  AppendNumber(boxes, 255, 1);
+  boxes += std::string(255, '\x07') + std::string(255, '\0');
+  AppendNumber(boxes, 8 + 4 * 255, 4);
+  boxes += "cmap";
+  for (std::uint32_t channel = 0; channel < 255; ++channel) AppendNumber(boxes, 0x0100 + channel, 4);
+  const std::size_t header = bytes.find("jp2h");
+  const std::size_t codestream = bytes.find("jp2c");
+  ASSERT_LT(header, codestream);
+  ASSERT_LT(codestream, bytes.size());
+  SetNumber(bytes, header - 4, static_cast<std::uint32_t>(codestream - header + boxes.size()));
+  bytes.insert(codestream - 4, boxes);
+  EXPECT_EQ(OutcomeOf(bytes), "nothing");
+}
+
+TEST(Jpeg2000, PaysForPicturesThatAreNotDelivered) {
+  BlackPicture picture;
+  picture.components = 4;
+  const std::string bytes = picture.Make();
+  pdf::PdfWorkBudget budget(bytes.size());
+  const std::uint64_t before = budget.Left();
+  Plane plane;
+  EXPECT_FALSE(pdf::DecodeJpeg2000(bytes, budget, plane));
+  EXPECT_EQ(before - budget.Left(), 4 * 64 * 64);
 }
 
 TEST(Jpeg2000, FailsForAWidthOfMinusOne) {

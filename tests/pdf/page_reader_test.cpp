@@ -1,5 +1,6 @@
 #include "pdf/page_reader.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -83,6 +84,19 @@ TEST(PageTree, NodesThatNameEachOtherOverAndOverEndAtTheLimit) {
   int node = file.Add("<< /Type /Page >>");
   for (int i = 0; i < 40; ++i) node = file.AddNode({node, node});
   EXPECT_THAT(ListOf(file.Build(file.AddCatalog(node))), SizeIs(support::limits::kPdfPages));
+}
+
+TEST(PageTree, EndsBelowTheLimitOfItsDepth) {
+  const auto isListedBelow = [](int nodes) {
+    PdfBuilder file;
+    const int page = file.AddPage("");
+    int node = page;
+    for (int i = 0; i < nodes; ++i) node = file.AddNode({node});
+    const auto list = ListOf(file.Build(file.AddCatalog(node)));
+    return std::find(list.begin(), list.end(), page) != list.end();
+  };
+  EXPECT_TRUE(isListedBelow(support::limits::kPdfPageTreeDepth - 1));
+  EXPECT_FALSE(isListedBelow(support::limits::kPdfPageTreeDepth));
 }
 
 TEST(Page, HasItsOwnBox) {

@@ -47,6 +47,8 @@ Number At(const Bytes& block, std::size_t offset) {
   return number;
 }
 
+TEST(PackGreyBitmap, MakesNoBlockBeyondItsBound) { EXPECT_EQ(PackGreyBitmap(16384, 16384, 1, {}), nullptr); }
+
 TEST(PackGreyBitmap, WritesTheHeader) {
   const Bytes block = Pack(5, 3, 1, Bytes(15, 100));
   ASSERT_EQ(block.size(), 1064u + 8 * 3);

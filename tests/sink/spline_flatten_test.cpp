@@ -196,6 +196,19 @@ TEST(SplineFlatten, DropsPointsAtInfinity) {
   for (const SplinePoint& p : points) EXPECT_NE(p.u, 0.5);
 }
 
+TEST(SplineFlatten, DrawsDegreesUpTo32) {
+  const auto ofDegree = [](std::int32_t degree) {
+    const auto order = static_cast<std::size_t>(degree) + 1;
+    std::vector<Point3> points(order);
+    for (std::size_t i = 0; i < order; ++i) points[i] = {static_cast<double>(i), static_cast<double>(i % 2)};
+    std::vector<double> knots(order, 0.0);
+    knots.insert(knots.end(), order, 1.0);
+    return Flatten(RationalSpline(degree, points, knots, std::vector<double>(order, 1.0)));
+  };
+  EXPECT_GE(ofDegree(32).size(), 2u);
+  EXPECT_TRUE(ofDegree(33).empty());
+}
+
 TEST(SplineFlatten, BoundsTheWorkOnHugeCoordinates) {
   std::uint64_t work = support::limits::kDrawingSplitWork;
   ZR_Spline spline = Circle(1e300);

@@ -190,6 +190,16 @@ TEST_P(NoRegularFile, APathOfAnyLengthIsAnswered) {
   }
 }
 
+TEST_F(Surroundings, OfAnSvgFileBeyondItsBoundTakeNoMemory) {
+  Write("large.svg", "<svg width='9' height='9'><path d='M0 0L1 1'/></svg>");
+  std::filesystem::resize_file("large.svg", (std::uintmax_t{1} << 31) + 1);  // almost all of it a hole
+  EXPECT_EQ(RunInChild([]() -> std::string {
+              const AnswerTime time;
+              return DrawLoad_Z7("large.svg") == 0 ? time.Judge() : "it was read";
+            }),
+            "");
+}
+
 INSTANTIATE_TEST_SUITE_P(Under, NoRegularFile, testing::Values("dxf", "svg", "pdf"),
                          [](const auto& format) { return std::string(format.param); });
 

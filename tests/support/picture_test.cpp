@@ -5,6 +5,8 @@
 #include <vector>
 #include <zlib.h>
 
+#include "support/broken_png.h"
+
 namespace {
 
 using support::DecodePicture;
@@ -99,6 +101,18 @@ TEST(DecodePicture, RefusesPixelDataThatUnpackToMuchMoreThanThePicture) {
   EXPECT_EQ(DecodePicture(Png(1, 1, 0, std::string(std::size_t{80} << 20, '\0'))).pixels, nullptr);
 }
 
+TEST(DecodePicture, RefusesAPngThatUnpacksToHundredsOfTimesItsPixels) {
+  EXPECT_NE(DecodePicture(Png(1, 1, 0, std::string(10'000, '\0'))).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(Png(1, 1, 0, std::string(1'000'000, '\0'))).pixels, nullptr);
+}
+
+TEST(DecodePicture, TellsItsWorkEvenWhereNothingComesOfIt) {
+  EXPECT_EQ(DecodePicture("P5 3 2 255\nabcdef").work, 6u);
+  EXPECT_EQ(DecodePicture(BrokenPng()).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(BrokenPng()).work, kBrokenPngPixels);
+  EXPECT_EQ(DecodePicture("P5 10000 10000 255\n\x10").work, 0u);
+}
+
 TEST(DecodePicture, SurvivesADamagedPicFileOfThreeChannels) {
   // 4 by 2 pixels; one packet that carries red, green and blue in a compression that does not exist.
   std::string file = std::string("\x53\x80\xF6\x34") + std::string(84, ' ') + "PICT";
@@ -134,6 +148,22 @@ TEST(DecodePicture, RefusesAJpegOfManyScans) {
   EXPECT_EQ(PixelsOf(DecodePicture(withScans(1))), std::vector<int>(64, 128));
   EXPECT_NE(DecodePicture(withScans(100)).pixels, nullptr);
   EXPECT_EQ(DecodePicture(withScans(101)).pixels, nullptr);
+}
+
+TEST(DecodePicture, RefusesAJpegOfManyTables) {
+  const std::string table = std::string("\xFF\xC4\0\x14\0\x01", 6) + std::string(16, '\0');
+  const auto withTables = [&](int count) {
+    std::string file = JpegHead(8, 8);  // which has two
+    for (int i = 2; i < count; ++i) file += table;
+    return file + kJpegScan + "\xFF\xD9";
+  };
+  EXPECT_NE(DecodePicture(withTables(400)).pixels, nullptr);
+  EXPECT_EQ(DecodePicture(withTables(401)).pixels, nullptr);
+}
+
+TEST(DecodePicture, DoesNotBeginAPictureBeyondTheBoundOfPixels) {
+  EXPECT_EQ(DecodePicture("P5 11000 11000 255\n" + std::string(20'000, 'x')).work, 121'000'000u);
+  EXPECT_EQ(DecodePicture("P5 12000 12000 255\n" + std::string(20'000, 'x')).work, 0u);
 }
 
 TEST(DecodePicture, GivesNothingForAJpegThatBreaksOff) {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "support/broken_png.h"
 #include "svg_drawing.h"
 
 using Entity_ZR::Point3;
@@ -138,4 +139,17 @@ TEST(SvgImage, IsDecodedForEachElementThatShowsIt) {
   EXPECT_EQ(images[2]->width, 3);
   EXPECT_EQ(images[3]->width, 3);
   EXPECT_EQ(images[4]->pixels, images[3]->pixels);
+}
+
+TEST(SvgImage, CountsTowardsTheBoundWhatCannotBeDecoded) {
+  // Each of the broken pictures claims 121 million pixels; with the fifth they go beyond the bound.
+  const std::string broken = "data:image/png;base64," + Base64(BrokenPng());
+  std::string text = "<svg>";
+  for (int i = 0; i < 6; ++i) text += "<image href='" + broken + "'/><image href='" + DataUrl(1, 1) + "'/>";
+  const SvgDrawing drawing(text + "</svg>");
+  const auto images = drawing.All<ZR_Image>();
+  ASSERT_EQ(images.size(), 12U);
+  EXPECT_EQ(images[6]->pixels, nullptr);
+  EXPECT_NE(images[7]->pixels, nullptr);
+  EXPECT_EQ(images[9]->pixels, nullptr);
 }

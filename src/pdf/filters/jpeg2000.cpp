@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "pdf/cx_file.h"
+#include "pdf/filters/jpeg2000_claims.h"
 #include "support/limits.h"
 #include "support/spare_memory.h"
 
@@ -82,15 +83,20 @@ Stream MakeStream(CxFile& file) {
   return stream;
 }
 
+std::uint64_t SamplesOf(const opj_image_t& image) {
+  return std::uint64_t{image.x1 - image.x0} * (image.y1 - image.y0) * image.numcomps;
+}
+
 /// Whether the header's claims are within the limits, checked before anything of that size is allocated.
-bool IsWithinLimits(const opj_image_t& image, std::size_t inputSize) {
+bool IsWithinLimits(const opj_image_t& image, const Jpeg2000Claims& claims, std::size_t inputSize) {
   const std::uint64_t width = image.x1 - image.x0;
   const std::uint64_t height = image.y1 - image.y0;
   const std::uint64_t believable = std::max<std::uint64_t>(
       support::limits::kSmallPicturePixels, inputSize * support::limits::kPicturePixelsPerByte);
   const std::uint64_t most = std::min<std::uint64_t>(support::limits::kPicturePixels, believable);
   if (width != 0 && height > most / width) return false;
-  return width * height * image.numcomps <= 3 * most;
+  const std::uint64_t samples = width * height * std::max(image.numcomps, claims.PaletteChannels());
+  return samples <= 3 * most && claims.AllowPicture(inputSize);
 }
 
 /// Whether the decoder will find the memory for the picture. It does not survive a failure of its own small
@@ -102,15 +108,19 @@ bool HasMemoryFor(const opj_image_t& image) {
   return support::HasSpareMemory(kTables + kBytesPerSample * pixels * image.numcomps);
 }
 
-/// The picture with its pixels; null where it is beyond the limits.
-Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::size_t inputSize) {
+/// The picture with its pixels; null where it is beyond the limits or its samples beyond the budget.
+Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::string_view input, PdfWorkBudget& budget) {
+  const Jpeg2000Claims claims(input);
+  if (!claims.AllowHeader()) return {nullptr, opj_image_destroy};
   opj_image_t* header = nullptr;
   const bool isRead = opj_read_header(stream, codec, &header) != OPJ_FALSE;
   Image image(header, opj_image_destroy);
   if (!isRead || !image || image->numcomps == 0) Fail("error: cannot load image data");
   if (image->numcomps > kMostComponents) Fail("error: too many components");
   if (image->comps[0].dx == 1 && image->x1 - image->x0 == 0xFFFFFFFF) Fail("output dimensions returned");
-  if (!IsWithinLimits(*image, inputSize)) return {nullptr, opj_image_destroy};
+  if (!IsWithinLimits(*image, claims, input.size()) || !budget.Take(SamplesOf(*image))) {
+    return {nullptr, opj_image_destroy};
+  }
   if (!HasMemoryFor(*image)) Fail("error: cannot allocate memory");
   if (!opj_decode(codec, stream, image.get()) || !opj_end_decompress(codec, stream)) {
     Fail("error: cannot load image data");
@@ -148,12 +158,12 @@ void AppendPixels(const opj_image_t& image, std::vector<std::uint8_t>& plane) {
 
 }  // namespace
 
-bool DecodeJpeg2000(std::string_view input, std::vector<std::uint8_t>& plane) {
+bool DecodeJpeg2000(std::string_view input, PdfWorkBudget& budget, std::vector<std::uint8_t>& plane) {
   CxIOFile file;
   if (!file.OpenBytes(input)) Fail("error: cannot open standard input");
   const Stream stream = MakeStream(file);
   const Codec codec = MakeCodec(FormatOf(input));
-  const Image image = ReadPicture(codec.get(), stream.get(), input.size());
+  const Image image = ReadPicture(codec.get(), stream.get(), input, budget);
   if (!image || !IsDelivered(*image)) return false;
   try {
     AppendPixels(*image, plane);
