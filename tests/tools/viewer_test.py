@@ -197,6 +197,12 @@ class ViewerTest(unittest.TestCase):
         self.browser.run("document.querySelector('input[value=settings]').click()")
         self.assertIn("cut 100 mm/s, 30 %", self.text_of("layers"))
 
+    def test_layers_by_settings_tell_what_sets_them_apart(self):
+        self.open_drawing('<path d="M10 20L90 20" stroke="red" frequency="20"/><path d="M10 50L90 50" stroke="red" frequency="30"/>')
+        self.browser.run("document.querySelector('input[value=settings]').click()")
+        names = self.browser.run("return [...document.querySelectorAll('#layers span')].map((span) => span.innerText)")
+        self.assertEqual(names, ["cut 100 mm/s, 30 %, frequency 20", "cut 100 mm/s, 30 %, frequency 30"])
+
     def test_the_wheel_zooms_about_the_pointer(self):
         before = self.browser.run("return [scale, ...toPage(500, 400)]")
         self.browser.wheel(500, 400, -400)

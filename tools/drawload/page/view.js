@@ -152,10 +152,14 @@ function listLayers() {
   }
 }
 
+// The speeds and powers that count for the object, and all else in which the layers differ.
 function describe(result) {
-  const settings = job.settings[result.settings];
-  return settings.processType === 0 && result.kind === 'curve' ? 'cut ' + settings.cutSpeed + ' mm/s, ' + settings.cutPower + ' %'
-    : 'engrave ' + settings.engraveSpeed + ' mm/s, ' + settings.EngMinP + ' to ' + settings.EngMaxP + ' %';
+  const settings = job.settings[result.settings], cuts = settings.processType === 0 && result.kind === 'curve';
+  const told = cuts ? ['processType', 'cutMode', 'cutSpeed', 'cutPower'] : ['engraveSpeed', 'EngMinP', 'EngMaxP'];
+  const differs = (name) => !told.includes(name) && job.settings.some((other) => other[name] !== settings[name]);
+  const rest = Object.keys(settings).filter(differs).map((name) => ', ' + name + ' ' + settings[name]);
+  return (cuts ? 'cut ' + settings.cutSpeed + ' mm/s, ' + settings.cutPower + ' %'
+    : 'engrave ' + settings.engraveSpeed + ' mm/s, ' + settings.EngMinP + ' to ' + settings.EngMaxP + ' %') + rest.join('');
 }
 
 // ---- view: page millimetres to screen pixels ---------------------------------------------------------------
