@@ -31,7 +31,11 @@ class Browser:
         self.port = self._port()
         options = {"args": [*ARGUMENTS, f"--user-data-dir={self.profile.name}"]}
         capabilities = {"goog:chromeOptions": options, "goog:loggingPrefs": {"browser": "ALL"}}
-        answer = self._call("POST", "/session", {"capabilities": {"alwaysMatch": capabilities}})
+        try:
+            answer = self._call("POST", "/session", {"capabilities": {"alwaysMatch": capabilities}})
+        except RuntimeError:
+            self._end_service()
+            raise
         self.session = f"/session/{answer['sessionId']}"
 
     def _port(self):
@@ -130,8 +134,11 @@ class Browser:
         try:
             self._call("DELETE", self.session)
         finally:
-            self.service.terminate()
-            self.service.wait(timeout=20)
-            self.service.stdout.close()
-            time.sleep(0.1)
-            self.profile.cleanup()
+            self._end_service()
+
+    def _end_service(self):
+        self.service.terminate()
+        self.service.wait(timeout=20)
+        self.service.stdout.close()
+        time.sleep(0.1)
+        self.profile.cleanup()
