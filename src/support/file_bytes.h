@@ -2,12 +2,12 @@
 #define DRAWLOAD_SUPPORT_FILE_BYTES_H
 
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "support/large_block.h"
+#include "support/limits.h"
 
 namespace support {
 
@@ -16,8 +16,7 @@ class FileBytes {
  public:
   /// Reads the regular file at `path`. Nothing where it cannot be opened or read, or is not a regular file
   /// (a pipe or a device could block for ever or have no end), or has more than `mostBytes`.
-  static std::optional<FileBytes> Read(const std::string& path,
-                                       std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
+  static std::optional<FileBytes> Read(const std::string& path, std::size_t mostBytes = limits::kFileBytes);
 
   std::string_view View() const { return {bytes.get(), size}; }
 

@@ -17,6 +17,10 @@ constexpr std::size_t kWorkDivisor = 64;
 constexpr std::size_t kWorkDivisor = 1;
 #endif
 
+/// Files beyond this length are not read: a hole in a file costs its sender nothing. SVG texts are counted in
+/// 32 bits, and the XML tree of such a file would take some 20 GB.
+constexpr std::size_t kFileBytes = std::size_t{1} << 31;
+
 /// Nesting of block references in a DXF drawing. Real drawings nest a handful deep; each level costs stack.
 constexpr int kInsertDepth = 100;
 
@@ -192,10 +196,6 @@ constexpr std::size_t kBitmapBytes = (std::size_t{1} << 28) / kWorkDivisor;
 
 /// All packed grey bitmaps of one file, in bytes: eight A3 sheets at 800 dots per inch.
 constexpr std::size_t kBitmapBytesPerFile = (std::size_t{1} << 30) / kWorkDivisor;
-
-/// SVG files beyond this length are not read: texts are counted in 32 bits. The XML tree of such a file would
-/// take some 20 GB.
-constexpr std::size_t kSvgFileBytes = std::size_t{1} << 31;
 
 /// Attributes of one XML element. The parser compares each with all before it; drawing programs write up to a
 /// few dozen. A file with more counts as damaged.

@@ -67,7 +67,7 @@ SvgDocumentWalker::SvgDocumentWalker(std::string filePath, SVG_Interface& record
       recordLimit(std::numeric_limits<std::size_t>::max()) {}
 
 void SvgDocumentWalker::Load() {
-  owner.file = support::FileBytes::Read(path, support::limits::kSvgFileBytes);
+  owner.file = support::FileBytes::Read(path);
   if (!owner.file || !IsWithinXmlBounds(owner.file->View())) return;
   const std::string_view bytes = owner.file->View();
   tinyxml2::XMLDocument document(true, tinyxml2::PRESERVE_WHITESPACE);

@@ -190,14 +190,19 @@ TEST_P(NoRegularFile, APathOfAnyLengthIsAnswered) {
   }
 }
 
-TEST_F(Surroundings, OfAnSvgFileBeyondItsBoundTakeNoMemory) {
+TEST_F(Surroundings, OfAFileBeyondItsBoundTakeNoMemory) {
   Write("large.svg", "<svg width='9' height='9'><path d='M0 0L1 1'/></svg>");
-  std::filesystem::resize_file("large.svg", (std::uintmax_t{1} << 31) + 1);  // almost all of it a hole
-  EXPECT_EQ(RunInChild([]() -> std::string {
-              const AnswerTime time;
-              return DrawLoad_Z7("large.svg") == 0 ? time.Judge() : "it was read";
-            }),
-            "");
+  Write("large.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n11\n1\n0\nENDSEC\n0\nEOF\n");
+  Write("large.pdf", "%PDF-1.4\n");
+  for (const char* name : {"large.svg", "large.dxf", "large.pdf"}) {
+    std::filesystem::resize_file(name, (std::uintmax_t{1} << 31) + 1);  // almost all of it a hole
+    EXPECT_EQ(RunInChild([name]() -> std::string {
+                const AnswerTime time;
+                return DrawLoad_Z7(name) == 0 ? time.Judge() : "it was read";
+              }),
+              "")
+        << name;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, NoRegularFile, testing::Values("dxf", "svg", "pdf"),
