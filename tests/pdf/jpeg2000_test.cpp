@@ -187,6 +187,14 @@ TEST(Jpeg2000, DropsPicturesOfMorePacketsThanTheirBytesCouldHold) {
   EXPECT_EQ(OutcomeOf(picture.Make()), "nothing");
 }
 
+TEST(Jpeg2000, TakesAMarkerWhoseLengthDoesNotFitForDataOfThePicture) {
+  std::string bytes = BlackPicture{}.Make();
+  bytes += "\xFF\x52";
+  AppendNumber(bytes, 20, 2);
+  bytes.append(18, '\xFF');
+  EXPECT_EQ(OutcomeOf(bytes), "12288 bytes");
+}
+
 TEST(Jpeg2000, DropsPicturesOfMoreBlocksThanItsTablesMayTake) {
   BlackPicture picture{.side = 4096, .tile = 4096};
   picture.packets = 20'000;  // so many bytes may stand for so many pixels

@@ -71,8 +71,8 @@ void Jpeg2000Claims::TakeSizes(std::string_view segment) {
 // Length, style, progression, layers, component transform, and what a component has too.
 void Jpeg2000Claims::TakeCodingStyle(std::string_view segment) {
   if (segment.size() < 12) return;
+  if (!TakeBlocks((ByteAt(segment, 2) & 1) != 0, segment.substr(7))) return;
   layers = std::max<double>(layers, NumberAt(segment, 4, 2));
-  TakeBlocks((ByteAt(segment, 2) & 1) != 0, segment.substr(7));
 }
 
 // Length, component in one byte or, of more than 256 components, in two, style, and the same.
@@ -85,12 +85,14 @@ void Jpeg2000Claims::TakeComponentStyle(std::string_view segment) {
 }
 
 // Levels below the full resolution, width and height of code blocks, two bytes, and the precincts of each
-// resolution where they are not the largest. A segment whose length does not fit is none.
-void Jpeg2000Claims::TakeBlocks(bool hasPrecincts, std::string_view fields) {
+// resolution where they are not the largest. A segment whose length does not fit is none: the same two bytes
+// stand in the data of pictures, too.
+bool Jpeg2000Claims::TakeBlocks(bool hasPrecincts, std::string_view fields) {
   const std::uint32_t levels = ByteAt(fields, 0);
   const std::uint32_t width = ByteAt(fields, 1);
   const std::uint32_t height = ByteAt(fields, 2);
-  if (fields.size() != 5 + (hasPrecincts ? levels + 1 : 0) || levels > 32 || width > 8 || height > 8) return;
+  if (fields.size() != 5 + (hasPrecincts ? levels + 1 : 0) || levels > 32 || width > 8 || height > 8)
+    return false;
   resolutions = std::max<double>(resolutions, levels + 1);
   x.blockBits = std::min(x.blockBits, static_cast<int>(width) + 2);
   y.blockBits = std::min(y.blockBits, static_cast<int>(height) + 2);
@@ -98,6 +100,7 @@ void Jpeg2000Claims::TakeBlocks(bool hasPrecincts, std::string_view fields) {
     x.precinctBits = std::min(x.precinctBits, precinct & 15);
     y.precinctBits = std::min(y.precinctBits, precinct >> 4 & 15);
   }
+  return true;
 }
 
 // The edge of a tile ends a precinct.

@@ -37,7 +37,7 @@ class Jpeg2000Claims {
   void TakeSizes(std::string_view segment);
   void TakeCodingStyle(std::string_view segment);
   void TakeComponentStyle(std::string_view segment);
-  void TakeBlocks(bool hasPrecincts, std::string_view fields);
+  bool TakeBlocks(bool hasPrecincts, std::string_view fields);
   double Precincts() const;
 
   Axis x;
