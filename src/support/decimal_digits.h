@@ -9,6 +9,12 @@
 
 namespace support {
 
+/// A number that was read, and how many characters it took.
+struct ShortNumber {
+  double value;
+  std::ptrdiff_t length;
+};
+
 /// The decimal digits of a number as they are met, its point and exponent aside.
 struct DecimalDigits {
   std::uint64_t value = 0;  ///< meaningless where there are more than 19 digits
@@ -65,6 +71,32 @@ struct DecimalDigits {
     return exponent < 0 ? exact / kPowersOfTen[-exponent] : exact * kPowersOfTen[exponent];
   }
 
+  /// The number of at most eight characters that stands at `at`, digits and one point, where it is quickly
+  /// found: not where it is longer, has no digit, or an exponent may follow. Needs `kShortNumberRoom`
+  /// characters at `at`.
+  static std::optional<ShortNumber> ReadShort(const char* at) {
+    if constexpr (std::endian::native != std::endian::little) return std::nullopt;
+    const std::uint64_t word = WordAt(at);
+    const std::uint64_t others = OthersOf(word);
+    if (others == 0) return std::nullopt;
+    std::ptrdiff_t length = PlaceOf(others);
+    std::ptrdiff_t digits = length;
+    std::uint64_t joined = word;
+    if (at[length] == '.') {
+      const std::uint64_t beforePoint = (std::uint64_t{1} << (8 * length)) - 1;
+      joined = (word & beforePoint) | (word >> 8 & ~beforePoint);
+      const std::uint64_t othersBehind = others & (others - 1);
+      length = othersBehind == 0 ? 8 : PlaceOf(othersBehind);
+      digits = length - 1;
+    }
+    const char next = at[length];
+    if (digits == 0 || next == 'e' || next == 'E' || (length == 8 && next >= '0' && next <= '9'))
+      return std::nullopt;
+    const auto value = static_cast<double>(ValueOf(joined << (64 - 8 * digits)));
+    return ShortNumber{value / kPowersOfTen[length == digits ? 0 : digits - PlaceOf(others)], length};
+  }
+  static constexpr std::ptrdiff_t kShortNumberRoom = 9;
+
  private:
   // All powers that a float holds exactly.
   static constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -82,20 +114,33 @@ struct DecimalDigits {
     return word ^ 0x3030303030303030;
   }
 
+  /// The high bit of each byte that is no digit. Carries spoil the mark of a digit only where a character
+  /// beyond ASCII stands before it.
+  static std::uint64_t OthersOf(std::uint64_t word) {
+    return ((word + 0x7676767676767676) | word) & 0x8080808080808080;
+  }
+
+  /// Which byte the first of `others` is; there must be one.
+  static std::ptrdiff_t PlaceOf(std::uint64_t others) { return std::countr_zero(others) / 8; }
+
   /// How many digits lead `word`.
   static std::ptrdiff_t LeadingDigits(std::uint64_t word) {
-    const std::uint64_t others = ((word + 0x7676767676767676) | word) & 0x8080808080808080;
-    return others == 0 ? 8 : std::countr_zero(others) / 8;
+    const std::uint64_t others = OthersOf(word);
+    return others == 0 ? 8 : PlaceOf(others);
+  }
+
+  /// The value of eight digits.
+  static std::uint64_t ValueOf(std::uint64_t word) {
+    word = (word * 10 + (word >> 8)) & 0x00FF00FF00FF00FF;
+    word = (word * 100 + (word >> 16)) & 0x0000FFFF0000FFFF;
+    return (word * 10000 + (word >> 32)) & 0xFFFFFFFF;
   }
 
   /// Takes the `digits` digits that lead `word`.
   void TakeOfWord(std::uint64_t word, std::ptrdiff_t digits) {
     if (digits == 0) return;
-    word <<= 64 - 8 * digits;  // zeros come in where the first digits of eight would stand
-    word = (word * 10 + (word >> 8)) & 0x00FF00FF00FF00FF;
-    word = (word * 100 + (word >> 16)) & 0x0000FFFF0000FFFF;
-    word = (word * 10000 + (word >> 32)) & 0xFFFFFFFF;
-    value = value * kWholePowersOfTen[digits] + word;
+    // Zeros come in where the first digits of eight would stand.
+    value = value * kWholePowersOfTen[digits] + ValueOf(word << (64 - 8 * digits));
     count += digits;
   }
 

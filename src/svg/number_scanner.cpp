@@ -1,5 +1,6 @@
 #include "svg/number_scanner.h"
 
+#include <cmath>
 #include <cstddef>
 #include <optional>
 
@@ -26,15 +27,13 @@ const char* TakeExponent(const char* at, const char* end, std::ptrdiff_t& expone
   return at;
 }
 
-}  // namespace
-
-double ScanNumber(TextCursor& cursor) {
+/// `ScanStarted` of any number. Kept out of line: short numbers need no room on the stack.
+[[gnu::noinline]] double ScanLong(TextCursor& cursor) {
   const char* const start = cursor.next;
-  if (cursor.AtEnd() || !StartsNumber(*start)) return 0.0;
   const char* const end = cursor.end - start > kLongestNumber ? start + kLongestNumber : cursor.end;
   const char* at = start;
-  const bool negative = at != end && *at == '-';
-  if (at != end && (*at == '-' || *at == '+')) ++at;
+  const bool negative = *at == '-';
+  if (*at == '-' || *at == '+') ++at;
   support::DecimalDigits digits;
   at = digits.TakeWithPoint(start, at, end);
   std::ptrdiff_t exponent = 0;
@@ -45,10 +44,29 @@ double ScanNumber(TextCursor& cursor) {
   return support::AtoF({start, static_cast<std::size_t>(at - start)});
 }
 
+/// Reads the number that begins at `cursor`.
+double ScanStarted(TextCursor& cursor) {
+  if (cursor.end - cursor.next > support::DecimalDigits::kShortNumberRoom) {
+    const char sign = *cursor.next;
+    const char* const at = cursor.next + ((sign == '-') | (sign == '+'));
+    if (const auto number = support::DecimalDigits::ReadShort(at)) {
+      cursor.next = at + number->length;
+      return std::copysign(number->value, sign == '-' ? -1.0 : 1.0);
+    }
+  }
+  return ScanLong(cursor);
+}
+
+bool StandsAtNumber(const TextCursor& cursor) { return !cursor.AtEnd() && StartsNumber(*cursor.next); }
+
+}  // namespace
+
+double ScanNumber(TextCursor& cursor) { return StandsAtNumber(cursor) ? ScanStarted(cursor) : 0.0; }
+
 void ScanNumberList(TextCursor& cursor, std::vector<double>& out) {
   cursor.SkipSpace();
-  while (!cursor.AtEnd() && StartsNumber(*cursor.next)) {
-    out.push_back(ScanNumber(cursor));
+  while (StandsAtNumber(cursor)) {
+    out.push_back(ScanStarted(cursor));
     cursor.SkipSpace();
     if (cursor.Take(',')) cursor.SkipSpace();
   }
@@ -57,8 +75,8 @@ void ScanNumberList(TextCursor& cursor, std::vector<double>& out) {
 bool ScanPercentList(TextCursor& cursor, std::vector<double>& out) {
   bool sawPercent = false;
   cursor.SkipSpace();
-  while (!cursor.AtEnd() && StartsNumber(*cursor.next)) {
-    out.push_back(ScanNumber(cursor));
+  while (StandsAtNumber(cursor)) {
+    out.push_back(ScanStarted(cursor));
     if (cursor.Take('%')) sawPercent = true;
     cursor.SkipSpace();
     if (cursor.Take(',')) cursor.SkipSpace();

@@ -1,8 +1,8 @@
 #include "svg/svg_interface.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
-#include <tuple>
 
 #include "support/text_to_number.h"
 #include "svg/document_walker.h"
@@ -71,51 +71,44 @@ const StyleProperties* SVG_Interface::ClassProperties(std::string_view className
 }
 
 /// The first look-up pays for an index; most documents have none.
-void SVG_Interface::BuildIndex() {
-  hasIndex = true;
-  nextOfSameId.assign(elements.size(), 0);
-  placesById.reserve(elements.size() / 2 + 1);
-  auto place = placesById.end();
-  for (RecordIndex i = 0; i < elements.size(); ++i) {
-    const std::string_view id = elements[i]->id;
-    // The tail of an element without content stands right behind its start.
-    if (place == placesById.end() || place->first != id) {
-      bool isFirst = false;
-      std::tie(place, isFirst) = placesById.try_emplace(id, IdPlaces{i, i, true, 0});
-      if (isFirst) continue;
-    }
-    IdPlaces& places = place->second;
-    nextOfSameId[places.last] = i;
-    if (places.isInside) places.closedRecords += i - places.last + 1;
-    places.isInside = !places.isInside;
-    places.last = i;
+const IdIndex& SVG_Interface::Index() {
+  if (!index) index.emplace(elements);
+  return *index;
+}
+
+/// Calls `visit` with the places of each range of `id`: its begin and its end.
+template <typename Visitor>
+void SVG_Interface::ForEachRange(std::string_view id, Visitor visit) {
+  IdIndex::Place begin = Index().First(id);
+  while (begin != IdIndex::kNone) {
+    const IdIndex::Place last = index->Next(begin);
+    const bool isClosed = last != IdIndex::kNone;
+    visit(static_cast<std::ptrdiff_t>(begin), isClosed ? std::ptrdiff_t{last} + 1 : std::ssize(elements));
+    begin = isClosed ? index->Next(last) : IdIndex::kNone;
   }
 }
 
-const SVG_Interface::IdPlaces* SVG_Interface::PlacesOf(std::string_view id) {
-  if (!hasIndex) BuildIndex();
-  const auto found = placesById.find(id);
-  return found == placesById.end() ? nullptr : &found->second;
-}
-
+/// Counted once for each id, as an id may have very many ranges.
 std::size_t SVG_Interface::RangeSize(std::string_view id) {
-  const IdPlaces* const places = PlacesOf(id);
-  if (places == nullptr) return 0;
-  return places->closedRecords + (places->isInside ? elements.size() - places->last : 0);
+  const IdIndex::Place first = Index().First(id);
+  if (first == IdIndex::kNone) return 0;
+  const auto [place, isNew] = rangeSizes.try_emplace(elements[first]->id, 0);
+  std::size_t& size = place->second;
+  if (isNew) {
+    ForEachRange(id, [&size](std::ptrdiff_t begin, std::ptrdiff_t end) {
+      size += static_cast<std::size_t>(end - begin);
+    });
+  }
+  return size;
 }
 
 RecordList SVG_Interface::FindRange(std::string_view id) {
   RecordList found;
-  const IdPlaces* const places = PlacesOf(id);
-  if (places == nullptr) return found;
   found.reserve(RangeSize(id));
-  for (RecordIndex start = places->first;;) {
-    const RecordIndex second = nextOfSameId[start];
-    const std::size_t end = second == 0 ? elements.size() : second + std::size_t{1};
-    found.insert(found.end(), elements.begin() + start, elements.begin() + static_cast<std::ptrdiff_t>(end));
-    start = second == 0 ? 0 : nextOfSameId[second];
-    if (start == 0) return found;
-  }
+  ForEachRange(id, [this, &found](std::ptrdiff_t begin, std::ptrdiff_t end) {
+    found.insert(found.end(), elements.begin() + begin, elements.begin() + end);
+  });
+  return found;
 }
 
 std::string_view SVG_Interface::HrefOf(const SVG_Element& record) const {
@@ -127,9 +120,9 @@ std::string_view SVG_Interface::HrefOf(const SVG_Element& record) const {
 
 /// The id to which the gradient `id` links; empty where `id` is no gradient or has no link.
 std::string_view SVG_Interface::LinkedGradient(std::string_view id) {
-  const IdPlaces* const places = PlacesOf(id);
-  if (places == nullptr || RangeSize(id) < 2 || !IsGradient(*elements[places->first])) return {};
-  return ExtractHrefId(HrefOf(*elements[places->first]));
+  if (RangeSize(id) < 2) return {};
+  const SVG_Element& first = *elements[Index().First(id)];
+  return IsGradient(first) ? ExtractHrefId(HrefOf(first)) : std::string_view{};
 }
 
 std::size_t SVG_Interface::LookupCost(std::string_view id) {

@@ -13,14 +13,12 @@
 #include "support/arena.h"
 #include "support/file_bytes.h"
 #include "svg/element.h"
+#include "svg/id_index.h"
 #include "svg/style_rule.h"
 
 namespace Svg {
 
 class SvgDocumentWalker;
-
-/// Records in document order, not owned.
-using RecordList = std::vector<const SVG_Element*>;
 
 /// The id in a link: the letters, digits and underscores behind the last "#" of `text`. Empty where there is
 /// no "#", or where `text` has more than one line.
@@ -62,26 +60,16 @@ class SVG_Interface {
   std::unordered_map<std::string_view, StyleRule> styleRules;  ///< by class
 
  private:
-  using RecordIndex = std::uint32_t;
-
-  /// The records of one id.
-  struct IdPlaces {
-    RecordIndex first = 0;
-    RecordIndex last = 0;
-    bool isInside = false;          ///< the last one opens a range
-    std::size_t closedRecords = 0;  ///< records in the ranges before that
-  };
-
-  void BuildIndex();
-  const IdPlaces* PlacesOf(std::string_view id);
+  const IdIndex& Index();
+  template <typename Visitor>
+  void ForEachRange(std::string_view id, Visitor visit);
   std::size_t RangeSize(std::string_view id);
   std::string_view LinkedGradient(std::string_view id);
   std::string_view HrefOf(const SVG_Element& record) const;
 
   support::Arena elementMemory;  ///< records own nothing: their memory is all that there is to free
-  bool hasIndex = false;
-  std::unordered_map<std::string_view, IdPlaces> placesById;
-  std::vector<RecordIndex> nextOfSameId;  ///< by record; 0 where there is none
+  std::optional<IdIndex> index;  ///< of `elements`, from the first look-up on
+  std::unordered_map<std::string_view, std::size_t> rangeSizes;  ///< of the ids that were looked up
 };
 
 }  // namespace Svg

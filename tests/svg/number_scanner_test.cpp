@@ -117,6 +117,36 @@ TEST(ScanNumber, GivesWhatTheCLibraryGivesForRandomNumbers) {
   }
 }
 
+TEST(ScanNumber, ReadsTheSameNumberWhateverFollowsIt) {
+  const std::string_view continuing = "0123456789.eE";
+  for (const char* const number :
+       {"1", "-12", "+123", "12345678", "123456789", ".5", "5.", "-0.25", "1234.567", "12345.678",
+        "-1234567.", ".1234567", ".12345678", "-0", "0.0", "1e2", "12.5e-1", "1234567e1"}) {
+    for (int c = 0; c < 256; ++c) {
+      if (continuing.find(static_cast<char>(c)) != std::string_view::npos) continue;
+      const std::string behind = std::string(1, static_cast<char>(c)) + "98765432109876543210";
+      const Scan scan = ScanOne(number + behind);
+      const double expected = std::strtod(number, nullptr);
+      ASSERT_EQ(scan.value, expected) << number << " before character " << c;
+      ASSERT_EQ(std::signbit(scan.value), std::signbit(expected)) << number << " before character " << c;
+      ASSERT_EQ(scan.rest, behind) << number << " before character " << c;
+    }
+  }
+}
+
+TEST(ScanNumber, EndsAtASecondPointWhateverFollowsIt) {
+  const Scan scan = ScanOne("12.5.25 and more behind it");
+  EXPECT_EQ(scan.value, 12.5);
+  EXPECT_EQ(scan.rest, ".25 and more behind it");
+}
+
+TEST(ScanNumber, PassesOverASignOrPointAloneBeforeALongText) {
+  for (const char* const text : {"+x and more behind it", "-x and more behind it", ".x and more behind it"}) {
+    EXPECT_EQ(ScanOne(text).value, 0.0) << text;
+    EXPECT_EQ(ScanOne(text).rest, "x and more behind it") << text;
+  }
+}
+
 TEST(ScanNumberList, SeparatesByWhiteSpaceAndSingleCommas) {
   EXPECT_THAT(ListOf(" 1,2 , 3\t4\n5\v6\f7\r8"), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
   EXPECT_THAT(ListOf("1,,2"), ElementsAre(1));
