@@ -14,43 +14,34 @@ namespace Svg {
 namespace {
 
 constexpr ElementName kKnownNames[] = {
-    {"svg", "svg", "svgtail", ElementType::Svg},
-    {"g", "g", "gtail", ElementType::G},
+    {"svg", "svg", "svgtail", ElementType::Svg, Activity::On},
+    {"g", "g", "gtail", ElementType::G, Activity::On},
     {"defs", "defs", "defstail", ElementType::Defs},
     {"symbol", "symbol", "symboltail", ElementType::Symbol},
-    {"flowRoot", "flowroot", "flowRoottail", ElementType::FlowRoot},
-    {"flowRegion", "", "flowRegiontail", ElementType::Unknown},
-    {"line", "line", "linetail", ElementType::Line},
-    {"rect", "rect", "recttail", ElementType::Rect},
-    {"circle", "circle", "circletail", ElementType::Circle},
-    {"ellipse", "ellipse", "ellipsetail", ElementType::Ellipse},
-    {"polyline", "polyline", "polylinetail", ElementType::Polyline},
-    {"polygon", "polygon", "polygontail", ElementType::Polygon},
-    {"path", "path", "pathtail", ElementType::Path},
-    {"text", "text", "texttail", ElementType::Text},
-    {"tspan", "tspan", "tspantail", ElementType::Tspan},
-    {"image", "image", "imagetail", ElementType::Image},
-    {"use", "use", "usetail", ElementType::Use},
+    {"flowRoot", "flowroot", "flowRoottail", ElementType::FlowRoot, Activity::Off},
+    {"flowRegion", "", "flowRegiontail", ElementType::Unknown, Activity::Off},
+    {"line", "line", "linetail", ElementType::Line, Activity::On},
+    {"rect", "rect", "recttail", ElementType::Rect, Activity::On},
+    {"circle", "circle", "circletail", ElementType::Circle, Activity::On},
+    {"ellipse", "ellipse", "ellipsetail", ElementType::Ellipse, Activity::On},
+    {"polyline", "polyline", "polylinetail", ElementType::Polyline, Activity::On},
+    {"polygon", "polygon", "polygontail", ElementType::Polygon, Activity::On},
+    {"path", "path", "pathtail", ElementType::Path, Activity::On},
+    {"text", "text", "texttail", ElementType::Text, Activity::On},
+    {"tspan", "tspan", "tspantail", ElementType::Tspan, Activity::On},
+    {"image", "image", "imagetail", ElementType::Image, Activity::On},
+    {"use", "use", "usetail", ElementType::Use, Activity::On},
     {"style", "style", "styletail", ElementType::Style},
-    {"linearGradient", "linearGradient", "linearGradienttail", ElementType::LinearGradient},
-    {"radialGradient", "radialGradient", "radialGradienttail", ElementType::RadialGradient},
+    {"linearGradient", "linearGradient", "linearGradienttail", ElementType::LinearGradient, Activity::Off},
+    {"radialGradient", "radialGradient", "radialGradienttail", ElementType::RadialGradient, Activity::Off},
     {"stop", "stop", "stoptail", ElementType::Stop},
     {"Param", "Param", "Paramtail", ElementType::Param},
     {"clipPath", "", "clipPathtail", ElementType::ClipPath},
     {"switch", "", "switchtail", ElementType::Switch},
     {"foreignObject", "", "foreignObjecttail", ElementType::ForeignObject},
+    // Kept: an element that is itself called so is not drawn; any other unknown one is left as it is.
+    {"unknown", "unknown", "unknowntail", ElementType::Unknown, Activity::Off},
 };
-
-constexpr std::string_view kActiveNames[] = {"svg",     "g",        "line",    "rect", "circle",
-                                             "ellipse", "polyline", "polygon", "path", "text",
-                                             "tspan",   "image",    "use"};
-constexpr std::string_view kInactiveNames[] = {"flowRoot", "flowRegion", "linearGradient", "radialGradient",
-                                               "unknown"};
-
-template <std::size_t Count>
-bool IsOneOf(const std::string_view (&names)[Count], std::string_view name) {
-  return std::find(std::begin(names), std::end(names), name) != std::end(names);
-}
 
 /// The element's own text, if it stands before any element inside it; comments do not count.
 std::string_view TextOf(const tinyxml2::XMLElement& node) {
@@ -103,7 +94,7 @@ void SvgDocumentWalker::WalkNodes(const tinyxml2::XMLElement* node) {
 void SvgDocumentWalker::StartElement(const tinyxml2::XMLElement& node, const ElementName& name) {
   SVG_Element record;
   record.elementType = name.elementType;
-  record.elementName = name.elementName;
+  record.name = &name.elementName;
   resolver->ReadWritten(record, node.FirstAttribute(), *source);
   if (record.elementType != ElementType::Style) pathNames.push_back(&name);
   ResolveByType(record, node);
@@ -116,31 +107,31 @@ void SvgDocumentWalker::ResolveByType(SVG_Element& record, const tinyxml2::XMLEl
   switch (record.elementType) {
     case ElementType::G:
     case ElementType::Defs:
-      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      resolver->Resolve(record, record.elementName(), inheritedAttributes);
       inheritedAttributes = resolver->HandOnMerged(record);
       break;
     case ElementType::Symbol:
       inheritedAttributes = resolver->HandOnWritten(record);
-      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      resolver->Resolve(record, record.elementName(), inheritedAttributes);
       break;
     case ElementType::Text:
       if (++textDepth == 1) textAttributes = resolver->HandOnWritten(record);
-      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      resolver->Resolve(record, record.elementName(), inheritedAttributes);
       record.AppendText(TextOf(node), owner.store);
       break;
     case ElementType::Tspan:
-      resolver->Resolve(record, record.elementName, textAttributes);
+      resolver->Resolve(record, record.elementName(), textAttributes);
       record.AppendText(TextOf(node), owner.store);
       break;
     case ElementType::Style:
       record.AppendText(TextOf(node), owner.store);
       UpdateActive(record, false);
-      resolver->Resolve(record, record.elementName, inheritedAttributes);
+      resolver->Resolve(record, record.elementName(), inheritedAttributes);
       break;
     default:
       // Rules know the flowed text's region by a name that its record does not have.
       const bool isFlowRegion = pathNames.back()->xmlName == "flowRegion";
-      resolver->Resolve(record, isFlowRegion ? "flowregion" : record.elementName, inheritedAttributes);
+      resolver->Resolve(record, isFlowRegion ? "flowregion" : record.elementName(), inheritedAttributes);
   }
 }
 
@@ -150,7 +141,7 @@ void SvgDocumentWalker::EndElement(const ElementName& name) {
   if (name.elementType == ElementType::Text) --textDepth;
   SVG_Element tail;
   tail.elementType = ElementType::Tail;
-  tail.elementName = name.tailName;
+  tail.name = &name.tailName;
   tail.id = nameStack.back();
   nameStack.pop_back();
   const bool isStyle = name.elementType == ElementType::Style;
@@ -167,13 +158,13 @@ void SvgDocumentWalker::EndElement(const ElementName& name) {
 
 void SvgDocumentWalker::UpdateActive(SVG_Element& record, bool allow) const {
   if (pathNames.size() == 1) {
-    if (pathNames[0]->xmlName == "svg") record.active = true;
+    if (pathNames[0]->elementType == ElementType::Svg) record.active = true;
   } else if (pathNames.size() >= 2) {
-    const std::string_view second = pathNames[1]->xmlName;
-    const std::string_view last = pathNames.back()->xmlName;
-    if (second == "defs" || second == "symbol" || IsOneOf(kInactiveNames, last)) {
+    const ElementType second = pathNames[1]->elementType;
+    const Activity activity = pathNames.back()->activity;
+    if (second == ElementType::Defs || second == ElementType::Symbol || activity == Activity::Off) {
       record.active = false;
-    } else if (IsOneOf(kActiveNames, last)) {
+    } else if (activity == Activity::On) {
       record.active = true;
     }
   }
@@ -194,10 +185,12 @@ const ElementName& SvgDocumentWalker::NameOf(std::string_view xmlName) {
                    [xmlName](const ElementName& row) { return row.xmlName == xmlName; });
   if (known != std::end(kKnownNames)) return *(lastName = known);
   const auto found = unknownNames.find(xmlName);
-  if (found != unknownNames.end()) return *(lastName = &found->second);
+  if (found != unknownNames.end()) return *(lastName = found->second);
   const std::string_view kept = owner.store.Store(xmlName);
   const std::string_view tailName = owner.store.Store(std::string(xmlName).append("tail"));
-  return *(lastName = &(unknownNames[kept] = {kept, "unknown", tailName, ElementType::Unknown}));
+  lastName = owner.store.Make<ElementName>({kept, "unknown", tailName});
+  unknownNames.emplace(kept, lastName);
+  return *lastName;
 }
 
 }  // namespace Svg

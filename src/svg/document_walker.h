@@ -22,12 +22,16 @@ namespace Svg {
 
 class SVG_Interface;
 
-/// What the name of an XML element says about its records.
+/// What an element's own name says about `SVG_Element::active`.
+enum class Activity : std::uint8_t { Kept, On, Off };
+
+/// What the name of an XML element says about its records. Lives as long as they do.
 struct ElementName {
   std::string_view xmlName;
   std::string_view elementName;
   std::string_view tailName;
   ElementType elementType = ElementType::Unknown;
+  Activity activity = Activity::Kept;
 };
 
 /// Turns an SVG file into records: one for each element's start and one for each element's end, in document
@@ -63,7 +67,7 @@ class SvgDocumentWalker {
   std::int32_t textDepth = 0;
   std::size_t recordLimit;
   const ElementName* lastName = nullptr;
-  std::unordered_map<std::string_view, ElementName> unknownNames;
+  std::unordered_map<std::string_view, const ElementName*> unknownNames;
 };
 
 }  // namespace Svg

@@ -97,7 +97,7 @@ void SVG_RW::Draw(const SVG_Element& record, Emitter<Entity> emit, Operation<Ent
 void SVG_RW::DrawText(const SVG_Element& record, WalkState& state, PARSE::Context context) {
   const bool isText = record.elementType == ElementType::Text;
   if (isText ? ++state.textDepth > 1 : state.textDepth != 1) return;
-  if (isClone && !SpendOnReferences(kUnitsOfTextByte * record.content.size())) return;
+  if (isClone && !SpendOnReferences(kUnitsOfTextByte * record.content().size())) return;
   groupAttributes->Load(record);
   Entity_ZR::ZR_Text text;
   EmitText(record, text);
@@ -110,13 +110,13 @@ void SVG_RW::DrawText(const SVG_Element& record, WalkState& state, PARSE::Contex
 }
 
 void SVG_RW::DrawTail(const SVG_Element& record, WalkState& state, PARSE::Context context) {
-  if (record.elementName == "defstail") {
+  if (record.elementName() == "defstail") {
     state.inDefs = false;
-  } else if (record.elementName == "clipPathtail" || record.elementName == "switchtail") {
+  } else if (record.elementName() == "clipPathtail" || record.elementName() == "switchtail") {
     state.inClip = false;
-  } else if (record.elementName == "texttail") {
+  } else if (record.elementName() == "texttail") {
     if (!state.inDefs) --state.textDepth;
-  } else if (record.elementName == "gtail") {
+  } else if (record.elementName() == "gtail") {
     if (!state.inDefs) CloseGroup(context);
   }
 }

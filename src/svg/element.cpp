@@ -9,9 +9,8 @@ namespace Svg {
 
 namespace {
 
-void AppendTo(std::string_view& kept, std::string_view text, AttributeStore& store) {
-  if (text.empty()) return;
-  kept = kept.empty() ? store.Store(text) : store.Store(std::string(kept).append(text));
+std::string_view Joined(std::string_view kept, std::string_view text, AttributeStore& store) {
+  return kept.empty() ? store.Store(text) : store.Store(std::string(kept).append(text));
 }
 
 }  // namespace
@@ -25,16 +24,18 @@ void SVG_Element::ReadAttributes(const tinyxml2::XMLAttribute* first, const XmlS
   }
 }
 
-void SVG_Element::AppendText(std::string_view text, AttributeStore& store) {
-  if (text != content) AppendTo(content, text, store);
+void SVG_Element::AppendText(std::string_view added, AttributeStore& store) {
+  if (added.empty() || added == content()) return;
+  text = store.Make<ElementText>({Joined(content(), added, store), secondaryContent()});
 }
 
-void SVG_Element::AppendTail(std::string_view text, AttributeStore& store) {
-  AppendTo(secondaryContent, text, store);
+void SVG_Element::AppendTail(std::string_view added, AttributeStore& store) {
+  if (added.empty()) return;
+  text = store.Make<ElementText>({content(), Joined(secondaryContent(), added, store)});
 }
 
-void SVG_Element::ParseStyleSheet(std::string_view text, RuleQueue& queue) const {
-  ReadStyleSheet(text, queue);
+void SVG_Element::ParseStyleSheet(std::string_view sheet, RuleQueue& queue) const {
+  ReadStyleSheet(sheet, queue);
 }
 
 std::size_t SVG_Element::CopyBytes() const {

@@ -17,7 +17,7 @@ namespace Svg {
 
 class XmlSource;
 
-enum class ElementType : std::int32_t {
+enum class ElementType : std::uint8_t {
   Svg = 0,
   G = 1,
   Defs = 2,
@@ -55,6 +55,12 @@ struct InheritedAttributes {
   std::size_t copyBytes = 0;                        ///< what it would take to copy all of this
 };
 
+/// The character data of an element.
+struct ElementText {
+  std::string_view content;  ///< or the text of a style sheet
+  std::string_view secondaryContent;
+};
+
 /// One record of a document: the start of an element or, as `ElementType::Tail`, its end. Nesting shows in
 /// the order of the records alone. All texts lie in the document's `AttributeStore` or
 /// in the bytes of its file.
@@ -72,12 +78,12 @@ class SVG_Element {
   /// Appends the XML attributes from `first` on, which may be null, to `entries`.
   virtual void ReadAttributes(const tinyxml2::XMLAttribute* first, const XmlSource& source,
                               AttributeStore& store, std::vector<AttributeEntry>& entries) const;
-  /// Appends `text` to `content`, unless it is empty or what already stands there.
-  virtual void AppendText(std::string_view text, AttributeStore& store);
-  /// Appends `text` to `secondaryContent`.
-  virtual void AppendTail(std::string_view text, AttributeStore& store);
+  /// Appends `added` to the content, unless it is empty or what already stands there.
+  virtual void AppendText(std::string_view added, AttributeStore& store);
+  /// Appends `added` to the secondary content.
+  virtual void AppendTail(std::string_view added, AttributeStore& store);
   /// Appends the rules of a style sheet to `queue`.
-  virtual void ParseStyleSheet(std::string_view text, RuleQueue& queue) const;
+  virtual void ParseStyleSheet(std::string_view sheet, RuleQueue& queue) const;
 
   std::span<const AttributeEntry> OwnAttributes() const { return {written, ownCount}; }
   std::span<const AttributeEntry> StyleProperties() const { return {written + ownCount, styleCount}; }
@@ -88,18 +94,28 @@ class SVG_Element {
   /// About what it takes to copy the merged attributes.
   std::size_t CopyBytes() const;
 
+  /// As the rules and look-ups compare it; a tail's ends in "tail".
+  std::string_view elementName() const { return *name; }
+  std::string_view content() const { return text == nullptr ? std::string_view{} : text->content; }
+  std::string_view secondaryContent() const {
+    return text == nullptr ? std::string_view{} : text->secondaryContent;
+  }
+
+  // A document has two records for each element: they are kept small.
+  const std::string_view* name = &kNoName;  ///< of a name that lives as long as the document
+  std::string_view id;                      ///< a tail has that of its start
   const InheritedAttributes* inherited = nullptr;
   const AttributeEntry* written = nullptr;  ///< `ownCount` attributes, then `styleCount` style properties
   const AttributeEntry* ruled = nullptr;
+  const ElementText* text = nullptr;
   std::uint32_t ownCount = 0;
   std::uint32_t styleCount = 0;
   std::uint32_t ruleCount = 0;
   ElementType elementType = ElementType::Unknown;
-  std::string_view elementName;  ///< as the rules and look-ups compare it; a tail's ends in "tail"
-  std::string_view id;           ///< a tail has that of its start
-  std::string_view content;      ///< character data, or the text of a style sheet
-  std::string_view secondaryContent;
   bool active = true;  ///< the walk over the records passes over the others
+
+ private:
+  static constexpr std::string_view kNoName = {};
 };
 
 /// What it takes to copy `entries`.

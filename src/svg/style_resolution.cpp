@@ -55,7 +55,7 @@ void StyleResolver::ReadWritten(SVG_Element& record, const tinyxml2::XMLAttribut
 
 void StyleResolver::Resolve(SVG_Element& record, std::string_view elementName,
                             const InheritedAttributes* inherited) {
-  if (record.elementType == ElementType::Style) record.ParseStyleSheet(record.content, queue);
+  if (record.elementType == ElementType::Style) record.ParseStyleSheet(record.content(), queue);
   Inherit(record, inherited);
   if (!queue.IsEmpty() && copyBytesLeft > 0) ApplyRules(record, elementName);
   const AttributeEntry* id = LastOf(record.RuleProperties(), kId);

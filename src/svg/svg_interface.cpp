@@ -17,11 +17,11 @@ bool IsWordCharacter(char c) {
 }
 
 bool IsGradient(const SVG_Element& record) {
-  return record.elementName == "linearGradient" || record.elementName == "radialGradient";
+  return record.elementName() == "linearGradient" || record.elementName() == "radialGradient";
 }
 
 bool IsStop(const SVG_Element& record) {
-  return record.elementName == "stop" || record.elementName == "stoptail";
+  return record.elementName() == "stop" || record.elementName() == "stoptail";
 }
 
 /// `records` with the stops of `linked` inserted, each at the index that it has there, or at the end.

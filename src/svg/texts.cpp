@@ -26,7 +26,7 @@ void SVG_RW::EmitText(const Svg::SVG_Element& record, ZR_Text& text) {
   const double dx = Number(Svg::kDx);
   const double dy = Number(Svg::kDy);
   for (const Svg::KnownKey key : {Svg::kX, Svg::kY, Svg::kDx, Svg::kDy}) groupAttributes->Erase(key);
-  text.text = record.content;
+  text.text = record.content();
   const std::string_view rotate = groupAttributes->Field(Svg::kRotate);
   if (!rotate.empty()) {
     text.rotation = support::AtoF(rotate);

@@ -15,7 +15,7 @@ namespace {
 std::vector<std::string> NamesOf(std::string_view text) {
   const LoadedSvg svg(text);
   std::vector<std::string> names;
-  for (const SVG_Element* const record : svg.document->elements) names.emplace_back(record->elementName);
+  for (const SVG_Element* const record : svg.document->elements) names.emplace_back(record->elementName());
   return names;
 }
 
@@ -25,7 +25,7 @@ bool IsActive(std::string_view text) { return LoadedSvg(text).FindId("x").active
 /// The type and the element name of an element called `name`.
 std::pair<ElementType, std::string> Classify(const std::string& name) {
   const LoadedSvg svg("<svg><" + name + " id='x'/></svg>");
-  return {svg.FindId("x").elementType, std::string(svg.FindId("x").elementName)};
+  return {svg.FindId("x").elementType, std::string(svg.FindId("x").elementName())};
 }
 
 }  // namespace
@@ -78,7 +78,7 @@ TEST(DocumentWalker, NamesTailsAfterTheXmlElement) {
     const LoadedSvg svg("<svg><" + std::string(name) + " id='x'/></svg>");
     const SVG_Element& tail = *svg.document->elements[2];
     EXPECT_EQ(tail.elementType, ElementType::Tail) << name;
-    EXPECT_EQ(tail.elementName, std::string(name) + "tail");
+    EXPECT_EQ(tail.elementName(), std::string(name) + "tail");
     EXPECT_EQ(tail.id, "x") << name;
   }
 }
@@ -102,32 +102,32 @@ TEST(DocumentWalker, ReadsNoAttributesFromNull) {
 TEST(DocumentWalker, TakesTheTextOfTextsAndStyles) {
   const LoadedSvg svg(
       "<svg><style> .a{b:c} </style><text> A &amp; B\n</text><tspan>T</tspan><rect>R</rect></svg>");
-  EXPECT_EQ(svg.Find("style").content, " .a{b:c} ");
-  EXPECT_EQ(svg.Find("text").content, " A & B\n");
-  EXPECT_EQ(svg.Find("tspan").content, "T");
-  EXPECT_EQ(svg.Find("rect").content, "");
+  EXPECT_EQ(svg.Find("style").content(), " .a{b:c} ");
+  EXPECT_EQ(svg.Find("text").content(), " A & B\n");
+  EXPECT_EQ(svg.Find("tspan").content(), "T");
+  EXPECT_EQ(svg.Find("rect").content(), "");
 }
 
 TEST(DocumentWalker, PassesOverCommentsBeforeTheText) {
-  EXPECT_EQ(LoadedSvg("<svg><text><!-- c -->A</text></svg>").Find("text").content, "A");
-  EXPECT_EQ(LoadedSvg("<svg><text><tspan/>A</text></svg>").Find("text").content, "");
-  EXPECT_EQ(LoadedSvg("<svg><text>A<tspan/>B</text></svg>").Find("text").content, "A");
-  EXPECT_EQ(LoadedSvg("<svg><text><![CDATA[A<B]]></text></svg>").Find("text").content, "A<B");
+  EXPECT_EQ(LoadedSvg("<svg><text><!-- c -->A</text></svg>").Find("text").content(), "A");
+  EXPECT_EQ(LoadedSvg("<svg><text><tspan/>A</text></svg>").Find("text").content(), "");
+  EXPECT_EQ(LoadedSvg("<svg><text>A<tspan/>B</text></svg>").Find("text").content(), "A");
+  EXPECT_EQ(LoadedSvg("<svg><text><![CDATA[A<B]]></text></svg>").Find("text").content(), "A<B");
 }
 
 TEST(SvgElement, AppendsTextThatDiffersFromWhatItHas) {
   Svg::AttributeStore store;
   SVG_Element record;
   record.AppendText("", store);
-  EXPECT_EQ(record.content, "");
+  EXPECT_EQ(record.content(), "");
   record.AppendText("ab", store);
   record.AppendText("ab", store);
   record.AppendText("c", store);
-  EXPECT_EQ(record.content, "abc");
+  EXPECT_EQ(record.content(), "abc");
   record.AppendTail("x", store);
   record.AppendTail("", store);
   record.AppendTail("x", store);
-  EXPECT_EQ(record.secondaryContent, "xx");
+  EXPECT_EQ(record.secondaryContent(), "xx");
 }
 
 TEST(SvgElement, IsUnknownAndActiveAtFirst) {

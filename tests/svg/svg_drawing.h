@@ -96,7 +96,7 @@ class LoadedSvg {
   /// The first record of this name.
   const Svg::SVG_Element& Find(std::string_view elementName) const {
     for (const Svg::SVG_Element* const record : document->elements) {
-      if (record->elementName == elementName) return *record;
+      if (record->elementName() == elementName) return *record;
     }
     ADD_FAILURE() << "no record " << elementName;
     static const Svg::SVG_Element none;

@@ -16,7 +16,7 @@ namespace {
 std::vector<std::string> Describe(const RecordList& records) {
   std::vector<std::string> names;
   for (const SVG_Element* const record : records) {
-    names.push_back(std::string(record->elementName) + "#" + std::string(record->id));
+    names.push_back(std::string(record->elementName()) + "#" + std::string(record->id));
   }
   return names;
 }
