@@ -81,6 +81,16 @@ TEST(HostileSvg, BoundsWhatNeighbouringDefsAddUp) {
   EXPECT_EQ(Draw(text + "<path/></g></svg>")->paths, 1U);
 }
 
+TEST(HostileSvg, HandsOnNothingWhereGroupsBeforeHandedOnTooMuch) {
+  // Each of the neighbours hands on the attributes of all before it, 16 bytes each, until these lists reach
+  // the bound, some 130 MB; then they start over, with what little is left.
+  std::string text = "<svg><!--" + std::string(8U << 20, ' ') + "--><g>";
+  for (int i = 0; i < 4200; ++i) text += "<defs a" + std::to_string(i) + "=''/>";
+  const auto sink = Draw(text + "<path/></g></svg>");
+  EXPECT_EQ(sink->paths, 1U);
+  EXPECT_LT(sink->pairs, 200U);
+}
+
 TEST(HostileSvg, BoundsGeometryThatElementsInherit) {
   const std::string text =
       "<svg><g d='M0 0" + Repeated("h1", 50000) + "'>" + Repeated("<path/>", 3000) + "</g></svg>";
