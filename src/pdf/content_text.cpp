@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <utility>
 
 namespace pdf {
@@ -30,42 +31,13 @@ namespace pdf {
 // Kept: no replacement looks at word boundaries, so the end of any name before a blank counts as an operator.
 //
 // No replacement makes, removes or moves past a bracket or parenthesis. So whether a match is outside is the
-// same for all matches between two neighbouring brackets, and each such stretch is rewritten by itself. The
-// first pass makes replacements 1 to 4, the second one the rest, by the characters around each blank.
+// same for all matches between two neighbouring brackets, and each such stretch is rewritten by itself.
+//
+// Replacements 1 to 4 change runs of blanks and line ends alone, by the character behind them. What the
+// others do to a run is decided at its ends: its first character may stand behind an operator, its last one
+// before a "q" or "Q". So a stretch is rewritten run by run, in one pass.
 
 namespace {
-
-/// One kind of bracket: where the next closing one lies, and the last opening one before it.
-class BracketScan {
- public:
-  BracketScan(std::string_view content, char opening, char closing)
-      : text(content), open(opening), close(closing) {
-    Find(0);
-  }
-
-  /// Whether a match anywhere in the stretch that begins at `start` lies inside. `start` never falls.
-  bool Inside(std::size_t start) {
-    if (closeAt != npos && closeAt < start) Find(start);
-    return closeAt != npos && openAt != npos && openAt < start;
-  }
-
- private:
-  static constexpr std::size_t npos = std::string_view::npos;
-
-  void Find(std::size_t start) {
-    const std::size_t searched = closeAt == npos ? 0 : closeAt;
-    closeAt = text.find(close, start);
-    if (closeAt == npos) return;
-    const std::size_t found = text.substr(searched, closeAt - searched).rfind(open);
-    if (found != npos) openAt = searched + found;
-  }
-
-  std::string_view text;
-  char open;
-  char close;
-  std::size_t closeAt = npos;
-  std::size_t openAt = npos;
-};
 
 /// A set of characters.
 class CharacterSet {
@@ -80,43 +52,29 @@ class CharacterSet {
     while (at < text.size() && !Holds(text[at])) ++at;
     return at;
   }
+  /// The same for a character that is not of the set.
+  std::size_t FindOther(std::string_view text, std::size_t at) const {
+    while (at < text.size() && Holds(text[at])) ++at;
+    return at;
+  }
 
  private:
   std::array<bool, 256> isMember = {};
 };
 
-constexpr CharacterSet kBlankCharacters(" \r\n");
 /// What operands consist of. Among them no replacement acts but at a second blank.
 constexpr CharacterSet kOperandCharacters("0123456789.-+ ");
-
-/// A text of bounded length, written from front to back.
-class Output {
- public:
-  explicit Output(std::size_t mostBytes) : text(support::NewLargeBlock(mostBytes)) {}
-
-  void Put(char c) { text[size++] = c; }
-  void Append(std::string_view run) {
-    std::memcpy(text.get() + size, run.data(), run.size());
-    size += run.size();
-  }
-  void Fill(std::size_t count, char c) {
-    for (; count > 0; --count) Put(c);
-  }
-  void DropLast() { --size; }
-  char& Last(std::size_t distance) { return text[size - distance]; }
-  std::size_t Size() const { return size; }
-
-  support::BlockText Take() { return {std::move(text), size}; }
-
- private:
-  support::LargeBlock text;
-  std::size_t size = 0;
-};
+/// Before these a blank may change, whatever stands before it.
+constexpr CharacterSet kChangeBlanks(" \nqQ");
+constexpr CharacterSet kRunCharacters(" \n");
+/// What ends a piece that is copied as it is: runs, carriage returns, and what replacements 25, 36, 37, 41
+/// and 42 act behind.
+constexpr CharacterSet kStops(" \n\rQLDsn");
 
 /// Finds brackets from front to back.
-class NextBracket {
+class Brackets {
  public:
-  explicit NextBracket(std::string_view content) : text(content) {
+  explicit Brackets(std::string_view content) : text(content) {
     for (std::size_t i = 0; i < kBrackets.size(); ++i) found[i] = text.find(kBrackets[i]);
   }
 
@@ -124,121 +82,36 @@ class NextBracket {
   std::size_t From(std::size_t start) {
     std::size_t first = text.size();
     for (std::size_t i = 0; i < kBrackets.size(); ++i) {
-      if (found[i] < start) found[i] = text.find(kBrackets[i], start);
+      if (found[i] < start) {
+        isPassed[i] = true;
+        found[i] = text.find(kBrackets[i], start);
+      }
       first = std::min(first, found[i]);
     }
     return first;
   }
 
+  /// Whether the stretch between them lies inside: one bracket of a kind opens before it, and the next of
+  /// that kind closes.
+  bool Enclose() const { return Encloses(0) || Encloses(2); }
+
  private:
   static constexpr std::string_view kBrackets = "[]()";
 
+  bool Encloses(std::size_t opening) const {
+    return isPassed[opening] && found[opening + 1] < found[opening];
+  }
+
   std::string_view text;
   std::array<std::size_t, kBrackets.size()> found;
-};
-
-/// Walks the stretches between brackets and hands each to `rewrite(from, to, outside)`; brackets go to
-/// `bracket(character)`.
-template <typename Rewrite, typename Bracket>
-void ForEachStretch(std::string_view text, Rewrite rewrite, Bracket bracket) {
-  NextBracket brackets(text);
-  BracketScan arrays(text, '[', ']');
-  BracketScan strings(text, '(', ')');
-  std::size_t start = 0;
-  while (start < text.size()) {
-    const std::size_t end = brackets.From(start);
-    if (end > start) {
-      const bool inside = arrays.Inside(start) || strings.Inside(start);
-      rewrite(start, end, !inside);
-    }
-    if (end < text.size()) bracket(text[end]);
-    start = end + 1;
-  }
-}
-
-/// Replacements 1 to 4.
-class LineJoiner {
- public:
-  explicit LineJoiner(std::size_t mostBytes) : result(mostBytes) {}
-
-  void Bracket(char c) {
-    FlushBlanks();
-    result.Put(c);
-    stretchStart = result.Size();
-  }
-
-  void Stretch(std::string_view text, bool outside) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      if (blanks == 0 && !FollowsLineEnd()) {
-        const std::size_t end = EndOfRun(text, i);
-        result.Append(text.substr(i, end - i));
-        if (end == text.size()) return;
-        i = end;
-      }
-      Character(text[i], i + 1 < text.size() && text[i + 1] == ' ', outside);
-    }
-  }
-
-  support::BlockText Take() {
-    FlushBlanks();
-    return result.Take();
-  }
-
- private:
-  /// Where the characters end that no replacement changes: before a line end with the blank that leads to it,
-  /// or before two blanks.
-  static std::size_t EndOfRun(std::string_view text, std::size_t start) {
-    std::size_t at = start;
-    for (; at < text.size() && text[at] != '\n'; ++at) {
-      if (text[at] == ' ' && at + 1 < text.size() && text[at + 1] == ' ') return at;
-    }
-    return at > start && text[at - 1] == ' ' ? at - 1 : at;
-  }
-
-  /// Whether one of the last two characters is a line end, which an "l" may change.
-  bool FollowsLineEnd() {
-    const std::size_t size = result.Size();
-    return (size > 0 && result.Last(1) == '\n') || (size > 1 && result.Last(2) == '\n');
-  }
-
-  void Character(char c, bool blankFollows, bool outside) {
-    if (c == ' ') {
-      ++blanks;
-      return;
-    }
-    if (c == '\n' && blankFollows) return;
-    FlushBlanks();
-    if (c == 'l' && outside) JoinLine();
-    result.Put(c);
-  }
-
-  /// A run of blanks becomes half as long, rounded up.
-  void FlushBlanks() {
-    if (blanks == 0) return;
-    result.Fill((blanks + 1) / 2, ' ');
-    blanks = 0;
-  }
-
-  /// An "l" follows: "\nl" -> " l", then "\n l" -> " l".
-  void JoinLine() {
-    const std::size_t length = result.Size() - stretchStart;
-    if (length > 0 && result.Last(1) == '\n') result.Last(1) = ' ';
-    if (length > 1 && result.Last(1) == ' ' && result.Last(2) == '\n') {
-      result.DropLast();
-      result.Last(1) = ' ';
-    }
-  }
-
-  Output result;
-  std::size_t blanks = 0;
-  std::size_t stretchStart = 0;
+  std::array<bool, kBrackets.size()> isPassed = {};
 };
 
 /// Collects the final text: carriage returns become line ends, then runs of blanks and runs of line ends
 /// become half as long, rounded up.
 class ContentWriter {
  public:
-  explicit ContentWriter(std::size_t mostBytes) : result(mostBytes) {}
+  explicit ContentWriter(std::size_t mostBytes) : text(support::NewLargeBlock(mostBytes)) {}
 
   void Put(char c) {
     if (c == '\r') c = '\n';
@@ -250,20 +123,22 @@ class ContentWriter {
     } else {
       runOf = c;
     }
-    result.Put(c);
+    text[size++] = c;
   }
 
-  /// Appends characters of which none is a blank or a line end.
+  /// Appends characters of which the last one and no two neighbours are blanks or line ends.
   void Append(std::string_view run) {
     if (run.empty()) return;
     runOf = '\0';
-    result.Append(run);
+    std::memcpy(text.get() + size, run.data(), run.size());
+    size += run.size();
   }
 
-  support::BlockText Take() { return result.Take(); }
+  support::BlockText Take() { return {std::move(text), size}; }
 
  private:
-  Output result;
+  support::LargeBlock text;
+  std::size_t size = 0;
   char runOf = '\0';  ///< the blank or line end written last, where one more of it makes a pair
 };
 
@@ -291,56 +166,88 @@ bool EndsLateOperator(char third, char before, char last) {
   }
 }
 
-/// Replacements 5 to 42 on one stretch.
-class OperatorBreaker {
+/// Replacements 1 and 2 on a run of blanks and line ends: a line end before a blank goes, then runs of blanks
+/// become half as long, rounded up.
+std::string JoinedRun(std::string_view run) {
+  std::string joined;
+  std::size_t blanks = 0;
+  for (std::size_t i = 0; i < run.size(); ++i) {
+    if (run[i] == ' ') {
+      ++blanks;
+    } else if (run.substr(i + 1, 1) != " ") {
+      joined.append((blanks + 1) / 2, ' ');
+      joined += '\n';
+      blanks = 0;
+    }
+  }
+  return joined.append((blanks + 1) / 2, ' ');
+}
+
+/// Replacements 3 and 4 on the run before an "l": "\nl" -> " l", then "\n l" -> " l".
+void PullUp(std::string& run) {
+  if (run.back() == '\n') run.back() = ' ';
+  if (run.ends_with("\n ")) run.erase(run.size() - 2, 1);
+}
+
+/// Rewrites one stretch between brackets.
+class StretchRewriter {
  public:
-  OperatorBreaker(std::string_view content, ContentWriter& target) : text(content), writer(target) {}
+  StretchRewriter(std::string_view stretch, bool outside, ContentWriter& target)
+      : text(stretch), isOutside(outside), writer(target) {}
 
   void Run() {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      if (text[i] != ' ' && kOperandCharacters.Holds(text[i])) {
-        const std::size_t end = EndOfOperands(i);
-        writer.Append(text.substr(i, end - i));
-        if (end == text.size()) return;
-        i = end;
-      }
-      if (text[i] == ' ') {
-        Blank(i);
-      } else {
-        Character(i);
-      }
-    }
+    for (std::size_t i = 0; i < text.size();) i = kRunCharacters.Holds(text[i]) ? RewriteRun(i) : Copy(i);
   }
 
  private:
-  /// Where the operands end that begin at `start`, without the blanks behind them.
+  /// Copies from `start` to the next run, or through a character behind which a replacement may act; returns
+  /// where that ends.
+  std::size_t Copy(std::size_t start) {
+    const std::size_t end = kStops.Find(text, EndOfOperands(start));
+    writer.Append(text.substr(start, end - start));
+    if (end == text.size() || kRunCharacters.Holds(text[end])) return end;
+    writer.Put(text[end]);
+    if (isOutside && BreaksBehind(end)) writer.Put('\n');
+    return end + 1;
+  }
+
+  /// Where the operands end that begin at `start`, without a blank behind them that may change.
   std::size_t EndOfOperands(std::size_t start) const {
     std::size_t at = start;
     while (at < text.size() && kOperandCharacters.Holds(text[at])) {
       if (text[at] == ' ' && text[at - 1] == ' ') break;
       ++at;
     }
-    return text[at - 1] == ' ' ? at - 1 : at;
+    const bool endsInBlank = at > start && text[at - 1] == ' ';
+    return endsInBlank && (at == text.size() || kChangeBlanks.Holds(text[at])) ? at - 1 : at;
   }
 
   char Before(std::size_t i, std::size_t distance) const { return i >= distance ? text[i - distance] : '\0'; }
 
-  void Blank(std::size_t i) {
-    const char next = i + 1 < text.size() ? text[i + 1] : '\0';
-    breakBehindQ = false;
-    if (EndsEarlyOperator(Before(i, 2), Before(i, 1)) || next == 'q') {
+  /// Rewrites the run that begins at `start`; returns where it ends.
+  std::size_t RewriteRun(std::size_t start) {
+    const std::size_t end = kRunCharacters.FindOther(text, start);
+    // Nearly all runs.
+    if (end - start == 1 && text[start] == '\n' && end < text.size() && text[end] != 'l') {
       writer.Put('\n');
-    } else if (next == 'Q') {
-      writer.Put('\n');
-      breakBehindQ = true;
-    } else {
-      writer.Put(EndsLateOperator(Before(i, 3), Before(i, 2), Before(i, 1)) ? '\n' : ' ');
+      return end;
     }
+    std::string run = JoinedRun(text.substr(start, end - start));
+    if (isOutside) BreakRun(run, start, end < text.size() ? text[end] : '\0');
+    for (const char c : run) writer.Put(c);
+    return end;
   }
 
-  void Character(std::size_t i) {
-    writer.Put(text[i]);
-    if (BreaksBehind(i)) writer.Put('\n');
+  /// Replacements 3 to 35 and 38 to 40 on the run that begins at `start`, before `next`.
+  void BreakRun(std::string& run, std::size_t start, char next) {
+    if (next == 'l') PullUp(run);
+    const bool endsEarly = EndsEarlyOperator(Before(start, 2), Before(start, 1));
+    const bool endsLate = EndsLateOperator(Before(start, 3), Before(start, 2), Before(start, 1));
+    if (run.back() == ' ' && (next == 'q' || next == 'Q')) {
+      breakBehindQ = next == 'Q' && !(endsEarly && run.size() == 1);
+      run.back() = '\n';
+    }
+    if (run.front() == ' ' && (endsEarly || endsLate)) run.front() = '\n';
   }
 
   bool BreaksBehind(std::size_t i) {
@@ -356,48 +263,23 @@ class OperatorBreaker {
   }
 
   std::string_view text;
+  bool isOutside;
   ContentWriter& writer;
   bool breakBehindQ = false;
 };
 
-/// A stretch inside of brackets, where only the blanks count.
-void CopyInside(std::string_view text, ContentWriter& writer) {
-  for (std::size_t i = 0; i < text.size();) {
-    const std::size_t end = kBlankCharacters.Find(text, i);
-    writer.Append(text.substr(i, end - i));
-    if (end == text.size()) return;
-    writer.Put(text[end]);
-    i = end + 1;
-  }
-}
-
-support::BlockText JoinLines(std::string_view text) {
-  LineJoiner joiner(text.size());
-  ForEachStretch(
-      text,
-      [&](std::size_t from, std::size_t to, bool outside) {
-        joiner.Stretch(text.substr(from, to - from), outside);
-      },
-      [&](char c) { joiner.Bracket(c); });
-  return joiner.Take();
-}
-
 }  // namespace
 
 support::BlockText NormaliseContentText(std::string_view text) {
-  const support::BlockText joined = JoinLines(text);
-  const std::string_view view = joined.View();
   // At most every other character gets a line end behind it: two make an operator or a blank and a "Q".
-  ContentWriter writer(view.size() + view.size() / 2);
-  const auto rewrite = [&](std::size_t from, std::size_t to, bool outside) {
-    const std::string_view stretch = view.substr(from, to - from);
-    if (outside) {
-      OperatorBreaker(stretch, writer).Run();
-    } else {
-      CopyInside(stretch, writer);
-    }
-  };
-  ForEachStretch(view, rewrite, [&](char c) { writer.Put(c); });
+  ContentWriter writer(text.size() + text.size() / 2);
+  Brackets brackets(text);
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = brackets.From(start);
+    StretchRewriter(text.substr(start, end - start), !brackets.Enclose(), writer).Run();
+    if (end < text.size()) writer.Put(text[end]);
+    start = end + 1;
+  }
   return writer.Take();
 }
 

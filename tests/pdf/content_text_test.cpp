@@ -48,6 +48,10 @@ INSTANTIATE_TEST_SUITE_P(
         // q and Q.
         Rewriting{"1 q 2", "1\nq\n2"}, Rewriting{"1 Q 2", "1\nQ\n 2"}, Rewriting{"S Q 2", "S\nQ 2"},
         Rewriting{"1 Q q 2", "1\nQ\nq\n2"}, Rewriting{"1 Q", "1\nQ\n"},
+        // A run of blanks between an operator and q or Q changes at both ends.
+        Rewriting{"1 m    q", "1 m\nq"}, Rewriting{"1 m     q", "1 m\n \nq"}, Rewriting{"1     q", "1 \nq"},
+        Rewriting{"S    Q 2", "S\nQ\n 2"}, Rewriting{"1 w Q 2", "1 w\nQ\n 2"},
+        Rewriting{"1 m\nl 2", "1 m\nl\n2"}, Rewriting{"1 m \n l 2", "1 m\nl\n2"},
         // Operators that need no blank.
         Rewriting{"5 TL6", "5 TL\n6"}, Rewriting{"5 TD6", "5 TD\n6"}, Rewriting{"/C cs5", "/C cs\n5"},
         Rewriting{"1 scn5", "1 scn\n5"}, Rewriting{"/cs0 1", "/cs\n0 1"}, Rewriting{"TDo 1", "TD\no 1"},
