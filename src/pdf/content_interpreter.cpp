@@ -23,6 +23,9 @@ constexpr double kPi = 3.141592653589793;
 /// Cost of running a text besides its bytes, so that empty forms are not free.
 constexpr std::uint64_t kRunCost = 64;
 
+/// Cost of a record besides its text, path or pixels.
+constexpr std::uint64_t kRecordCost = 112;
+
 constexpr std::size_t kRectangleSegments = 5;
 
 /// Whether "T" and `second` stand next to each other anywhere in `text`.
@@ -301,20 +304,15 @@ std::int32_t ContentInterpreter::GrayOf(double value) const {
 void ContentInterpreter::TakeClip() { state.clip = {currentPath, currentPath->size()}; }
 
 void ContentInterpreter::PaintShading(const ContentLine& line) {
-  PDF_PagePath painted;
-  if (state.clip.path != nullptr) {
-    const auto start = state.clip.path->begin();
-    painted.path.assign(start, start + static_cast<std::ptrdiff_t>(state.clip.size));
-  }
+  std::span<const PdfPathSegment> outline;
+  if (state.clip.path != nullptr) outline = std::span(*state.clip.path).first(state.clip.size);
   const PdfShading* shading = FindResource(resources.shadings, line.At(0));
   // No gradient reaches the sink, so the end points are only asked for: an axis without its four numbers, or
   // a radial one without its five, ends the read.
   if (shading != nullptr && shading->type == 2) static_cast<void>(shading->coords.at(3));
   if (shading != nullptr && shading->type == 3) static_cast<void>(shading->coords.at(4));
-  painted.paint = state.paint;
+  AppendPath(outline, kStroke);
   state.clip = {};
-  const std::size_t bytes = painted.path.size() * sizeof(PdfPathSegment);
-  Append(std::move(painted), bytes);
 }
 
 // Kept: a rectangle that is a clip leaves no path, and so an empty clip.
@@ -352,13 +350,7 @@ void ContentInterpreter::Paint(const ContentLine& line) {
     ClearPath();
     return;
   }
-  PDF_PagePath painted;
-  painted.path =
-      PdfPathData(currentPath->begin(), currentPath->end(), PdfPathData::allocator_type(page.memory.get()));
-  painted.paint = state.paint;
-  painted.paintMode = *mode;
-  const std::size_t bytes = painted.path.size() * sizeof(PdfPathSegment);
-  Append(std::move(painted), bytes);
+  AppendPath(*currentPath, *mode);
   ClearPath();
 }
 
@@ -370,8 +362,12 @@ void ContentInterpreter::ClearPath() {
   }
 }
 
+void ContentInterpreter::AppendPath(std::span<const PdfPathSegment> segments, PdfPaintMode mode) {
+  Append(PDF_PagePath{PdfPackedPath(segments, page.memory.get()), state.paint, mode}, segments.size_bytes());
+}
+
 void ContentInterpreter::Append(PDF_Entity entity, std::size_t bytes) {
-  if (budget.Take(sizeof(PDF_Entity) + bytes)) page.entities.push_back(std::move(entity));
+  if (budget.Take(kRecordCost + bytes)) page.entities.push_back(std::move(entity));
 }
 
 }  // namespace pdf

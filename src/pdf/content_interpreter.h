@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -65,6 +66,8 @@ class ContentInterpreter {
   bool RunPathBlock(ContentLine& line, ContentLines& lines);
   void Paint(const ContentLine& line);
   void ClearPath();
+  /// Appends a path in the paint of the state.
+  void AppendPath(std::span<const PdfPathSegment> segments, PdfPaintMode mode);
   /// Keeps `entity`, of which its variable parts take `bytes`, within the budget.
   void Append(PDF_Entity entity, std::size_t bytes);
 

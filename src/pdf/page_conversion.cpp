@@ -55,8 +55,8 @@ Matrix2D Rotation(double degrees) {
 
 // A shading's colours do not come along: its outline is all that is drawn of it.
 void ConvertPath(const PDF_PagePath& source, Entity_ZR::ZR_Path& target) {
-  target.segments.reserve(target.segments.size() + source.path.size());
-  for (const PdfPathSegment& segment : source.path) {
+  target.segments.reserve(target.segments.size() + source.path.Size());
+  source.path.ForEach([&](const PdfPathSegment& segment) {
     switch (segment.tag) {
       case kPdfMove: target.segments.push_back({Entity_ZR::kMoveTo, ToMillimetres(segment.end)}); break;
       case kPdfLine: target.segments.push_back({Entity_ZR::kLineTo, ToMillimetres(segment.end)}); break;
@@ -66,7 +66,7 @@ void ConvertPath(const PDF_PagePath& source, Entity_ZR::ZR_Path& target) {
         break;
       default: break;
     }
-  }
+  });
   target.fillMode = static_cast<std::uint32_t>(source.paintMode);
   target.paintMode = target.fillMode;
   ConvertStyle(source.paint.lineJoin, target.lineJoin);

@@ -24,7 +24,7 @@ enum PdfPaintMode : std::int32_t {
 
 /// A painted path, or the clip outline through which a shading was painted.
 struct PDF_PagePath {
-  PdfPathData path;
+  PdfPackedPath path;
   PdfPaint paint;
   std::int32_t paintMode = kStroke;
 };

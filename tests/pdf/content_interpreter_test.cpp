@@ -19,23 +19,23 @@ constexpr char kLine[] = "0 0 m\n1 1 l\nS\n";
 
 TEST(ContentState, EachMatrixReplacesTheOneBefore) {
   const Interpret run = Interpret().Run("1 0 0 1 10 10 cm\n1 0 0 1 5 5 cm\n0 0 m\n1 1 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(5, 5), Line(6, 6)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(5, 5), Line(6, 6)));
 }
 
 TEST(ContentState, RestoringBringsTheSavedMatrixBack) {
   const Interpret run = Interpret().Run("1 0 0 1 3 0 cm\nq\n1 0 0 1 50 0 cm\nQ\n0 0 m\n1 1 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(3, 0), Line(4, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(3, 0), Line(4, 1)));
 }
 
 TEST(ContentState, OneRestoreTooManyIsIgnored) {
   const Interpret run = Interpret().Run("1 0 0 1 3 0 cm\nQ\n0 0 m\n1 1 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(3, 0), Line(4, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(3, 0), Line(4, 1)));
 }
 
 TEST(ContentState, ALineThatStartsWithSaveSetsItsMatrixBeforeItSaves) {
   // The operands are counted from the "q": 0 2 0 0 2 0. What is saved is the matrix of this line.
   const Interpret run = Interpret().Run("q 2 0 0 2 7 0 cm\n1 0 0 1 0 0 cm\nQ\n1 1 m\n1 2 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(2, 9), Line(2, 9)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(2, 9), Line(2, 9)));
 }
 
 TEST(ContentState, SavesBeyondTheLimitAreCountedSoThatRestoresStillMatch) {
@@ -45,7 +45,7 @@ TEST(ContentState, SavesBeyondTheLimitAreCountedSoThatRestoresStillMatch) {
   text += "1 0 0 1 9 0 cm\n";
   for (std::size_t i = 0; i < support::limits::kPdfSavedStates + extra; ++i) text += "Q\n";
   const Interpret run = Interpret().Run(text + kLine);
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(3, 0), Line(4, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(3, 0), Line(4, 1)));
 }
 
 TEST(ContentState, ALineWithFewerOperandsThanItsMatrixEndsTheRead) {
@@ -56,12 +56,12 @@ TEST(ContentState, ALineWithFewerOperandsThanItsMatrixEndsTheRead) {
 TEST(ContentState, TheOperatorItselfCountsAsAnOperand) {
   // Five numbers: the sixth operand is "cm", which is 0.
   const Interpret run = Interpret().Run(std::string("1 0 0 1 4 cm\n") + kLine);
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(4, 0), Line(5, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(4, 0), Line(5, 1)));
 }
 
 TEST(ContentState, NumbersThatAreNoneAreZero) {
   const Interpret run = Interpret().Run(std::string("1 0 0 1 x y cm\n") + kLine);
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(1, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1)));
 }
 
 struct PaintCase {
@@ -206,14 +206,14 @@ TEST(ContentCascade, ALineThatStartsWithAStrokeSetsItsColourFirst) {
 TEST(ContentCascade, ARectangleThatStartsWithAStrokeIsPaintedAtOnce) {
   const Interpret run = Interpret().Run("S 1 2 3 re\n");
   ASSERT_EQ(run.Count(), 1U);
-  EXPECT_EQ(run.Path().path.front(), Move(0, 1));
+  EXPECT_EQ(run.Segments().front(), Move(0, 1));
 }
 
 TEST(ContentCascade, AClipThatEndsABlockIsTakenByTheNextTest) {
   // The clip is the block's path, and the line behind it is still read.
   const Interpret run = Interpret().Run("0 0 m\n1 1 l\nW\n1 0 0 RG\nS\n/Sh0 sh\n");
   EXPECT_EQ(run.Path(0).paint.stroke, (PdfColor{255, 0, 0}));
-  EXPECT_THAT(run.Path(1).path, ElementsAre(Move(0, 0), Line(1, 1)));
+  EXPECT_THAT(run.Segments(1), ElementsAre(Move(0, 0), Line(1, 1)));
 }
 
 TEST(ContentCascade, AnEndOfPathGoesOnWithTheNextLine) {
@@ -356,34 +356,34 @@ TEST(ContentText, WithAnUnpairedSurrogateIsNotShown) {
 TEST(ContentPath, MovesLinesAndCurvesThroughTheMatrix) {
   const Interpret run =
       Interpret().Run("2 0 0 2 1 0 cm\n0 0 m\n1 0 l\n1 1 2 2 3 3 c\n4 4 5 5 v\n6 6 7 7 y\nS\n");
-  EXPECT_THAT(run.Path().path,
+  EXPECT_THAT(run.Segments(),
               ElementsAre(Move(1, 0), Line(3, 0), Curve({3, 2}, {5, 4}, {7, 6}),
                           Curve({7, 6}, {9, 8}, {11, 10}), Curve({13, 12}, {15, 14}, {15, 14})));
 }
 
 TEST(ContentPath, ClosingGoesBackToTheLastMove) {
   const Interpret run = Interpret().Run("0 0 m\n1 0 l\n5 5 m\n6 5 l\nh\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(1, 0), Move(5, 5), Line(6, 5), Line(5, 5)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 0), Move(5, 5), Line(6, 5), Line(5, 5)));
 }
 
 TEST(ContentPath, ClosingDoesNotMoveTheCurrentPoint) {
   const Interpret run = Interpret().Run("0 0 m\n4 0 l\nh\n1 1 2 2 v\nS\n");
-  EXPECT_EQ(run.Path().path.back(), Curve({4, 0}, {1, 1}, {2, 2}));
+  EXPECT_EQ(run.Segments().back(), Curve({4, 0}, {1, 1}, {2, 2}));
 }
 
 TEST(ContentPath, ARectangleIsAMoveThreeLinesAndALineBack) {
   const Interpret run = Interpret().Run("1 0 0 1 10 0 cm\n1 2 3 4 re\nf\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(11, 2), Line(14, 2), Line(14, 6), Line(11, 6), Line(11, 2)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(11, 2), Line(14, 2), Line(14, 6), Line(11, 6), Line(11, 2)));
 }
 
 TEST(ContentPath, ARectangleWithinABlockLeavesTheCurrentPoint) {
   const Interpret run = Interpret().Run("7 7 m\n1 2 3 4 re\n0 0 9 9 v\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(7, 7), Move(1, 2), Line(4, 2), Line(4, 6), Line(1, 6),
-                                           Line(1, 2), Curve({7, 7}, {0, 0}, {9, 9})));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(7, 7), Move(1, 2), Line(4, 2), Line(4, 6), Line(1, 6),
+                                          Line(1, 2), Curve({7, 7}, {0, 0}, {9, 9})));
 }
 
 TEST(ContentPath, ARectangleOutsideABlockMayHaveMoreTokens) {
-  EXPECT_EQ(Interpret().Run("1 2 3 4 5 re\nf\n").Path().path.size(), 5U);
+  EXPECT_EQ(Interpret().Run("1 2 3 4 5 re\nf\n").Segments().size(), 5U);
 }
 
 TEST(ContentPath, ARectangleWithoutItsOperandsEndsTheRead) {
@@ -394,7 +394,7 @@ class ContentPathTokens : public testing::TestWithParam<const char*> {};
 
 TEST_P(ContentPathTokens, AWrongNumberStopsTheBlock) {
   const Interpret run = Interpret().Run(std::string("0 0 m\n1 1 l\n") + GetParam() + "\n2 2 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(1, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, ContentPathTokens,
@@ -404,7 +404,7 @@ INSTANTIATE_TEST_SUITE_P(Lines, ContentPathTokens,
 
 TEST(ContentPath, OtherLinesWithinABlockAreSkipped) {
   const Interpret run = Interpret().Run("0 0 m\n5 w\n\n1 0 0 rg\n1 1 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(1, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1)));
   EXPECT_EQ(run.Path().paint.lineWidth, 0.0);
 }
 
@@ -414,7 +414,7 @@ TEST(ContentPath, ABlockWithoutAnEndIsNotPainted) {
 
 TEST(ContentPath, TheLineThatEndsABlockBelongsToIt) {
   const Interpret run = Interpret().Run("0 0 m\nS 5 l\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(0, 5)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(0, 5)));
 }
 
 struct ModeCase {
@@ -446,23 +446,23 @@ TEST(ContentPaint, AStrokeThatIsNeitherFirstNorEighthIsNone) {
 
 TEST(ContentPaint, ClearsThePath) {
   const Interpret run = Interpret().Run("0 0 m\n1 1 l\nS\n5 5 m\n6 6 l\nS\n");
-  EXPECT_THAT(run.Path(1).path, ElementsAre(Move(5, 5), Line(6, 6)));
+  EXPECT_THAT(run.Segments(1), ElementsAre(Move(5, 5), Line(6, 6)));
 }
 
 TEST(ContentPaint, WithoutAPathStillMakesARecord) {
   const Interpret run = Interpret().Run("S\n");
   ASSERT_EQ(run.Count(), 1U);
-  EXPECT_THAT(run.Path().path, IsEmpty());
+  EXPECT_THAT(run.Segments(), IsEmpty());
 }
 
 TEST(ContentPaint, RectanglesAddUpUntilPainted) {
-  EXPECT_EQ(Interpret().Run("0 0 1 1 re\n2 2 1 1 re\nf\n").Path().path.size(), 10U);
+  EXPECT_EQ(Interpret().Run("0 0 1 1 re\n2 2 1 1 re\nf\n").Segments().size(), 10U);
 }
 
 TEST(ContentPaint, EndOfPathDropsIt) {
   const Interpret run = Interpret().Run("0 0 1 1 re\nn\n0 0 m\n1 1 l\nn\n5 5 m\nS\n");
   ASSERT_EQ(run.Count(), 1U);
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(5, 5)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(5, 5)));
 }
 
 // Clips, seen through a shading.
@@ -470,50 +470,50 @@ TEST(ContentPaint, EndOfPathDropsIt) {
 TEST(ContentClip, IsTheOutlineOfAShading) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\n9 9 l\nh\nW\nn\n/Sh0 sh\n");
   ASSERT_EQ(run.Count(), 1U);
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(9, 0), Line(9, 9), Line(0, 0)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(9, 0), Line(9, 9), Line(0, 0)));
 }
 
 TEST(ContentClip, BothRulesAreOne) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\nW*\nn\n/Sh0 sh\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(9, 0)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(9, 0)));
 }
 
 TEST(ContentClip, OfARectangleIsEmpty) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\nW\nn\n0 0 1 1 re\nW\nn\n/Sh0 sh\n");
-  EXPECT_THAT(run.Path().path, IsEmpty());
+  EXPECT_THAT(run.Segments(), IsEmpty());
 }
 
 TEST(ContentClip, ARectangleOnTheLastLineIsNoClip) { EXPECT_EQ(Interpret().Run("0 0 1 1 re").Count(), 0U); }
 
 TEST(ContentClip, ARectangleKeepsItsPathWhereTheNextLineIsMoreThanAClip) {
-  EXPECT_EQ(Interpret().Run("0 0 1 1 re\nW n\nf\n").Path().path.size(), 0U);  // "n" ends it
-  EXPECT_EQ(Interpret().Run("0 0 1 1 re\n1 W\nf\n").Path().path.size(), 5U);
+  EXPECT_EQ(Interpret().Run("0 0 1 1 re\nW n\nf\n").Segments().size(), 0U);  // "n" ends it
+  EXPECT_EQ(Interpret().Run("0 0 1 1 re\n1 W\nf\n").Segments().size(), 5U);
 }
 
 TEST(ContentClip, DoesNotEndThePath) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\nW\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(9, 0)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(9, 0)));
 }
 
 TEST(ContentClip, KeepsItsOutlineWhenThePathGoesOn) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\nW\n5 5 m\n6 6 l\nS\n/Sh0 sh\n");
-  EXPECT_THAT(run.Path(0).path, ElementsAre(Move(0, 0), Line(9, 0), Move(5, 5), Line(6, 6)));
-  EXPECT_THAT(run.Path(1).path, ElementsAre(Move(0, 0), Line(9, 0)));
+  EXPECT_THAT(run.Segments(0), ElementsAre(Move(0, 0), Line(9, 0), Move(5, 5), Line(6, 6)));
+  EXPECT_THAT(run.Segments(1), ElementsAre(Move(0, 0), Line(9, 0)));
 }
 
 TEST(ContentClip, CutsNothing) {
   const Interpret run = Interpret().Run("0 0 m\n1 0 l\n1 1 l\nh\nW\nn\n50 50 m\n60 60 l\nS\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(50, 50), Line(60, 60)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(50, 50), Line(60, 60)));
 }
 
 TEST(ContentShading, ResetsTheClip) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\nW\nn\n/Sh0 sh\n/Sh0 sh\n");
-  EXPECT_THAT(run.Path(1).path, IsEmpty());
+  EXPECT_THAT(run.Segments(1), IsEmpty());
 }
 
 TEST(ContentShading, TheClipIsRestoredWithTheState) {
   const Interpret run = Interpret().Run("0 0 m\n9 0 l\nW\nn\nq\n/Sh0 sh\nQ\n/Sh0 sh\n");
-  EXPECT_THAT(run.Path(1).path, ElementsAre(Move(0, 0), Line(9, 0)));
+  EXPECT_THAT(run.Segments(1), ElementsAre(Move(0, 0), Line(9, 0)));
 }
 
 TEST(ContentShading, WithoutTheNumbersOfItsAxisEndsTheRead) {
@@ -571,14 +571,14 @@ TEST(ContentImage, OfAMissingNameIsNothing) { EXPECT_EQ(Interpret().Run("/I Do\n
 
 TEST(ContentForm, RunsFromAFreshState) {
   const Interpret run = Interpret().WithForm("/Fm", kLine).Run("1 0 0 1 50 50 cm\n1 0 0 rg\n/Fm Do\n");
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(0, 0), Line(1, 1)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1)));
   EXPECT_EQ(run.Path().paint.fill, (PdfColor{0, 0, 0}));
 }
 
 TEST(ContentForm, LeavesTheStateOfItsCaller) {
   const Interpret run =
       Interpret().WithForm("/Fm", "9 0 0 9 9 9 cm\n").Run(std::string("1 0 0 1 50 50 cm\n/Fm Do\n") + kLine);
-  EXPECT_THAT(run.Path().path, ElementsAre(Move(50, 50), Line(51, 51)));
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(50, 50), Line(51, 51)));
 }
 
 TEST(ContentForm, ThatRunsItselfEndsAtTheLimitOfDepth) {

@@ -61,6 +61,11 @@ class Interpret {
   const pdf::PDF_PagePath& Path(std::size_t index = 0) const {
     return std::get<pdf::PDF_PagePath>(page.entities.at(index));
   }
+  pdf::PdfPathData Segments(std::size_t index = 0) const {
+    pdf::PdfPathData segments;
+    Path(index).path.ForEach([&](const pdf::PdfPathSegment& segment) { segments.push_back(segment); });
+    return segments;
+  }
   const pdf::PDF_PageText& Text(std::size_t index = 0) const {
     return std::get<pdf::PDF_PageText>(page.entities.at(index));
   }

@@ -13,6 +13,10 @@ using testing::ElementsAre;
 
 constexpr double k = 0.35277777777777775;
 
+pdf::PDF_PagePath PathOf(const pdf::PdfPathData& segments) {
+  return {pdf::PdfPackedPath(segments, nullptr), {}, pdf::kStroke};
+}
+
 Entity_ZR::ZR_Path Converted(const pdf::PDF_PagePath& source) {
   Entity_ZR::ZR_Path path;
   pdf::ConvertPath(source, path);
@@ -20,18 +24,15 @@ Entity_ZR::ZR_Path Converted(const pdf::PDF_PagePath& source) {
 }
 
 TEST(ConvertPath, WritesEachSegmentInMillimetresBehindTheInitialMove) {
-  pdf::PDF_PagePath source;
-  source.path = {
-      {pdf::kPdfMove, {72, 144}}, {pdf::kPdfLine, {0, 72}}, {pdf::kPdfCurve, {1, 2}, {3, 4}, {5, 6}}};
+  const pdf::PDF_PagePath source = PathOf(
+      {{pdf::kPdfMove, {72, 144}}, {pdf::kPdfLine, {0, 72}}, {pdf::kPdfCurve, {1, 2}, {3, 4}, {5, 6}}});
   EXPECT_THAT(Converted(source).segments,
               ElementsAre(PathSegment{1, {}}, PathSegment{1, {72 * k, 144 * k}}, PathSegment{2, {0, 72 * k}},
                           PathSegment{5, {k, 2 * k}, {3 * k, 4 * k}, {5 * k, 6 * k}}));
 }
 
 TEST(ConvertPath, SkipsSegmentsOfOtherTags) {
-  pdf::PDF_PagePath source;
-  source.path = {{3, {1, 1}}, {4, {1, 1}}};
-  EXPECT_THAT(Converted(source).segments, ElementsAre(PathSegment{1, {}}));
+  EXPECT_THAT(Converted(PathOf({{3, {1, 1}}, {4, {1, 1}}})).segments, ElementsAre(PathSegment{1, {}}));
 }
 
 TEST(ConvertPath, CopiesThePaintMode) {
