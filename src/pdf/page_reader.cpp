@@ -97,33 +97,52 @@ PageReader::ContentStream PageReader::FindContent(std::int32_t number) {
   return content;
 }
 
-std::shared_ptr<const std::string> PageReader::DecodeContent(const ContentStream& content) {
-  const auto known = keptContents.find(content.number);
-  if (content.isKeepable && known != keptContents.end()) {
-    source.Notes().Replay(known->second.notes);
-    return known->second.text;
+PageReader::ContentBytes PageReader::Decode(const ContentStream& stream) {
+  if (stream.keys.filters.empty()) {
+    return {source.Budget().Take(stream.bytes.size()) ? stream.bytes : std::string_view(), nullptr};
   }
-  const PdfNotes::Recording recording(source.Notes());
   PdfStreamData data;
-  source.Decode(content.bytes, content.keys, data);
+  source.Decode(stream.bytes, stream.keys, data);
   auto text = std::make_shared<std::string>();
   if (data.length == data.decoded.size()) {
     *text = std::move(data.decoded);
   } else {
     AppendDecoded(data, *text);
   }
-  if (content.isKeepable) KeepContent(content.number, {text, recording.Taken()});
-  return text;
+  return {*text, text};
 }
 
-void PageReader::KeepContent(std::int32_t number, KeptContent content) {
-  const std::size_t bytes = content.text->size();
+PageReader::ContentBytes PageReader::DecodeContent(const ContentStream& stream) {
+  if (!stream.isKeepable) return Decode(stream);
+  const auto known = keptContents.find(stream.number);
+  if (known != keptContents.end()) return DecodeAgain(known->second);
+  KeptContent kept = {stream, source.Budget()};
+  ContentBytes content = Decode(stream);
+  KeepContent(std::move(kept), content.text.size());
+  return content;
+}
+
+PageReader::ContentBytes PageReader::DecodeAgain(KeptContent& kept) {
+  if (kept.content) {
+    source.Notes().Replay(kept.notes);
+    return *kept.content;
+  }
+  const PdfNotes::Recording recording(source.Notes());
+  const PdfWorkBudget budget = std::exchange(source.Budget(), kept.budget);
+  kept.content = Decode(kept.stream);
+  source.Budget() = budget;
+  kept.notes = recording.Taken();
+  return *kept.content;
+}
+
+void PageReader::KeepContent(KeptContent kept, std::size_t bytes) {
   if (keptBytes + bytes > support::limits::kPdfKeptContentBytes) {
     keptContents.clear();
     keptBytes = 0;
   }
   keptBytes += bytes;
-  keptContents.emplace(number, std::move(content));
+  const std::int32_t number = kept.stream.number;
+  keptContents.emplace(number, std::move(kept));
 }
 
 /// The streams' texts, one behind the other with nothing between them, normalised.
@@ -131,14 +150,15 @@ support::BlockText PageReader::ContentText(const std::vector<std::int32_t>& numb
   std::vector<ContentStream> streams;
   for (const std::int32_t number : numbers) streams.push_back(FindContent(number));
   if (streams.size() == 1) {
-    const auto text = DecodeContent(streams.front());
-    return source.Budget().Take(text->size()) ? NormaliseContentText(*text) : support::BlockText();
+    const ContentBytes content = DecodeContent(streams.front());
+    return source.Budget().Take(content.text.size()) ? NormaliseContentText(content.text)
+                                                     : support::BlockText();
   }
   std::string joined;
   for (const ContentStream& stream : streams) {
-    const auto text = DecodeContent(stream);
-    if (!source.Budget().Take(2 * text->size())) return {};
-    joined += *text;
+    const ContentBytes content = DecodeContent(stream);
+    if (!source.Budget().Take(2 * content.text.size())) return {};
+    joined += content.text;
   }
   return NormaliseContentText(joined);
 }

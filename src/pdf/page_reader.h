@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -32,16 +33,28 @@ class PageReader {
     std::string_view bytes;
   };
 
+  /// The text of a content stream: what `decoded` holds, or bytes of the file.
+  struct ContentBytes {
+    std::string_view text;
+    std::shared_ptr<const std::string> decoded;
+  };
+
+  /// Most streams belong to one page. The text is kept when another one asks for it, and comes out as it did
+  /// the first time, without being charged again.
   struct KeptContent {
-    std::shared_ptr<const std::string> text;
-    std::string notes;
+    ContentStream stream;
+    PdfWorkBudget budget;  ///< as the first decoding found it
+    std::optional<ContentBytes> content = {};
+    std::string notes = {};
   };
 
   PDF_Page ReadPage(std::int32_t number);
   void ReadResources(PdfTokens& tokens, std::size_t& index, PageResources& resources);
   ContentStream FindContent(std::int32_t number);
-  std::shared_ptr<const std::string> DecodeContent(const ContentStream& content);
-  void KeepContent(std::int32_t number, KeptContent content);
+  ContentBytes Decode(const ContentStream& stream);
+  ContentBytes DecodeContent(const ContentStream& stream);
+  ContentBytes DecodeAgain(KeptContent& kept);
+  void KeepContent(KeptContent kept, std::size_t bytes);
   support::BlockText ContentText(const std::vector<std::int32_t>& numbers);
 
   ObjectSource source;

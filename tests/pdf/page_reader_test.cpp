@@ -203,27 +203,48 @@ TEST(Page, KeysBehindIndirectResourcesAreStillRead) {
   EXPECT_THAT(PagesOf(file.BuildPages({page}))[0].mediaBox, ElementsAre(0.0, 0.0, 5.0, 6.0));
 }
 
-TEST(Page, AContentStreamOfManyPagesIsReadOnceAndRunsOnEach) {
+/// A file of so many pages, which all name one stream.
+std::string SharedStream(int pageCount, const std::string& data, const std::string& keys = "") {
   PdfBuilder file;
-  const int stream = file.AddStream("(a) Tj\n");
-  const std::string body = "<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>";
-  const int first = file.Add(body);
-  const int second = file.Add(body);
-  const std::vector<pdf::PDF_Page> pages = PagesOf(file.BuildPages({first, second}));
-  EXPECT_THAT(TextsOf(pages[0]), ElementsAre("a"));
-  EXPECT_THAT(TextsOf(pages[1]), ElementsAre("a"));
+  const int stream = file.AddStream(data, keys);
+  std::vector<int> pages(3);
+  for (int& page : pages)
+    page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  pages.resize(static_cast<std::size_t>(pageCount));
+  return file.BuildPages(pages);
+}
+
+std::uint64_t CostOf(const std::string& fileBytes) {
+  OpenPdf opened(fileBytes);
+  opened.Pages();
+  return pdf::PdfWorkBudget(fileBytes.size()).Left() - opened.document.reader->budget.Left();
+}
+
+TEST(Page, AContentStreamOfManyPagesRunsOnEach) {
+  for (const std::string& file :
+       {SharedStream(3, "(a) Tj\n"), SharedStream(3, "-t+PI<,)a~>", "/Filter /ASCII85Decode")}) {
+    const std::vector<pdf::PDF_Page> pages = PagesOf(file);
+    ASSERT_THAT(pages, SizeIs(3));
+    for (const pdf::PDF_Page& page : pages) EXPECT_THAT(TextsOf(page), ElementsAre("a"));
+  }
+}
+
+TEST(Page, AContentStreamOfManyPagesIsChargedOnce) {
+  const std::string blanks(10'000, ' ');
+  const std::uint64_t one = CostOf(SharedStream(1, blanks));
+  const std::uint64_t two = CostOf(SharedStream(2, blanks));
+  const std::uint64_t three = CostOf(SharedStream(3, blanks));
+  EXPECT_EQ(three - two, two - one);
+  // Rewriting it and running what has become a quarter of it, and little besides.
+  EXPECT_GT(two - one, 12'500U);
+  EXPECT_LT(two - one, 20'000U);
 }
 
 TEST(Page, NotesOfASharedStreamAreWrittenForEachPage) {
-  PdfBuilder file;
-  const int stream = file.AddStream("x", "/Filter /CCITTFaxDecode");
-  const std::string body = "<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>";
-  const int first = file.Add(body);
-  const int second = file.Add(body);
-  OpenPdf opened(file.BuildPages({first, second}));
+  OpenPdf opened(SharedStream(3, "x", "/Filter /CCITTFaxDecode"));
   testing::internal::CaptureStdout();
   opened.Pages();
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "CCITTFaxDecode\nCCITTFaxDecode\n");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "CCITTFaxDecode\nCCITTFaxDecode\nCCITTFaxDecode\n");
 }
 
 }  // namespace
