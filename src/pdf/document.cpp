@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <optional>
 #include <stdexcept>
 
 #include "pdf/xref_loader.h"
@@ -33,8 +34,10 @@ std::string TextOf(double number) {
 
 bool PdfDocument::Open() {
   PdfNotes().Write(path);
-  file = support::FileBytes::Read(path);
-  return file && OpenBytes(file->View());
+  std::optional<support::FileBytes> bytes = support::FileBytes::Read(path);
+  if (!bytes) return false;
+  file = std::make_shared<const support::FileBytes>(*std::move(bytes));
+  return OpenBytes(file->View());
 }
 
 bool PdfDocument::ReadHeader(std::string_view fileBytes) {

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,7 +28,7 @@ class PdfDocument {
   std::string path;
   double version = 0.0;
   std::int32_t fileSize = 0;  ///< bytes
-  std::optional<support::FileBytes> file;
+  std::shared_ptr<const support::FileBytes> file;
   std::unique_ptr<PdfFileReader> reader;  ///< null before a file was read
   PdfXrefSection section;
   std::int32_t catalog = 0;  ///< object number; 0 where the last trailer names none

@@ -33,6 +33,7 @@ class ObjectSource {
 
   PdfFileReader& Reader() { return *document.reader; }
   PdfXrefSection& Section() { return document.section; }
+  const std::shared_ptr<const support::FileBytes>& File() const { return document.file; }
   PdfNotes& Notes() { return document.reader->notes; }
   PdfWorkBudget& Budget() { return document.reader->budget; }
 

@@ -1,6 +1,5 @@
 #include "pdf/pdf_rw.h"
 
-#include <optional>
 #include <utility>
 #include <variant>
 
@@ -30,8 +29,6 @@ bool PDF_RW::Read(const std::string& filePath, PARSE::Context context) {
     path = name;
     version = document->version;
   }
-  // Images without a filter lie in the file's bytes until they are written; all else of it may go.
-  const std::optional<support::FileBytes> file = std::move(document->file);
   document.reset();
   if (opened) WritePages(context);
   sink->EndFile(context);

@@ -31,8 +31,9 @@ std::shared_ptr<const PdfImage> ReadImage(ObjectSource& source, const PdfTokens&
   const std::string_view input = FirstBytes(stream, keys.length);
   if (!IsAllowedImageSize(data.width, data.height)) return nullptr;
   source.Decode(input, keys, data);
-  return std::make_shared<const PdfImage>(
-      PdfImage{std::move(data.imagePlane), data.width, data.height, data.components, data.plainPlane});
+  return std::make_shared<const PdfImage>(PdfImage{std::move(data.imagePlane), data.width, data.height,
+                                                   data.components, data.plainPlane,
+                                                   data.plainPlane.empty() ? nullptr : source.File()});
 }
 
 /// Takes the tokens of the array behind the key at `index`, at most six.

@@ -25,8 +25,8 @@ struct PdfImage {
   std::int32_t width = 0;
   std::int32_t height = 0;
   std::int32_t components = 0;
-  std::string_view plainBytes =
-      {};  ///< of an image without a filter, in place of `decoded`; in the file's bytes
+  std::string_view plainBytes = {};  ///< of an image without a filter, in place of `decoded`; in `file`
+  std::shared_ptr<const support::FileBytes> file = {};
 };
 
 /// A form, ready to be run.
