@@ -1,26 +1,17 @@
 #include "pdf/content_lines.h"
 
-#include <bit>
-#include <cstring>
+#include "support/byte_words.h"
 
 namespace pdf {
 
 namespace {
 
-/// Whether one of the bytes of `word` is 0, and which: the lowest set bit is the highest one of the first.
-constexpr std::uint64_t ZeroBytes(std::uint64_t word) {
-  return (word - 0x0101010101010101) & ~word & 0x8080808080808080;
-}
-
 /// The first blank or line end from `at` on, or `end`.
 const char* EndOfToken(const char* at, const char* end) {
-  if constexpr (std::endian::native == std::endian::little) {
-    for (; end - at >= 8; at += 8) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, at, sizeof word);
-      const std::uint64_t ends = ZeroBytes(word ^ 0x2020202020202020) | ZeroBytes(word ^ 0x0A0A0A0A0A0A0A0A);
-      if (ends != 0) return at + std::countr_zero(ends) / 8;
-    }
+  using namespace support::byte_words;
+  for (; kInOrder && end - at >= std::ptrdiff_t{kBytes}; at += kBytes) {
+    const std::uint64_t ends = ZeroBytes(WordAt(at, ' ')) | ZeroBytes(WordAt(at, '\n'));
+    if (ends != 0) return at + BytesBefore(ends);
   }
   while (at != end && *at != ' ' && *at != '\n') ++at;
   return at;

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "support/byte_words.h"
+
 namespace pdf {
 
 // The replacements, in their order. "outside" means: not where the match lies inside a ( ) string or a [ ]
@@ -62,8 +64,29 @@ class CharacterSet {
   std::array<bool, 256> isMember = {};
 };
 
-/// What operands consist of. Among them no replacement acts but at a second blank.
-constexpr CharacterSet kOperandCharacters("0123456789.-+ ");
+/// Whether `c` is none of the letters and line ends that replacements ask for. Among such characters they act
+/// but at a second blank, and at a blank behind a "*" that follows a letter.
+constexpr bool IsOperandCharacter(char c) { return (c & '\xE0') == ' '; }
+
+/// How many such characters lead `text`, up to a second blank at most.
+std::size_t LeadingOperands(std::string_view text) {
+  using namespace support::byte_words;
+  std::size_t count = 0;
+  std::uint64_t blankBefore = 0;
+  for (; kInOrder && text.size() - count >= kBytes; count += kBytes) {
+    const std::uint64_t word = WordAt(text.data() + count, ' ');
+    const std::uint64_t others = (word | word << 1 | word << 2) & kHighBits;
+    const std::uint64_t blanks = ZeroBytes(word);
+    const std::uint64_t stops = others | (blanks & (blanks << 8 | blankBefore));
+    if (stops != 0) return count + BytesBefore(stops);
+    blankBefore = blanks >> 56;
+  }
+  for (; count < text.size() && IsOperandCharacter(text[count]); ++count) {
+    if (count > 0 && text[count] == ' ' && text[count - 1] == ' ') break;
+  }
+  return count;
+}
+
 /// Before these a blank may change, whatever stands before it.
 constexpr CharacterSet kChangeBlanks(" \nqQ");
 constexpr CharacterSet kRunCharacters(" \n");
@@ -213,11 +236,8 @@ class StretchRewriter {
 
   /// Where the operands end that begin at `start`, without a blank behind them that may change.
   std::size_t EndOfOperands(std::size_t start) const {
-    std::size_t at = start;
-    while (at < text.size() && kOperandCharacters.Holds(text[at])) {
-      if (text[at] == ' ' && text[at - 1] == ' ') break;
-      ++at;
-    }
+    if (text[start] == '*') return start;
+    const std::size_t at = start + LeadingOperands(text.substr(start));
     const bool endsInBlank = at > start && text[at - 1] == ' ';
     return endsInBlank && (at == text.size() || kChangeBlanks.Holds(text[at])) ? at - 1 : at;
   }

@@ -63,6 +63,7 @@ const Pieces kContentCharacters = {"\n", " ", "\r", "l", "m", "c", "s", "n", "q"
 const Pieces kFewBrackets = {"\n", " ", " ", "\r", "l", "m", "c", "s", "n", "q",
                              "Q",  "T", "D", "o",  "L", "r", "e", "W", "*"};
 const Pieces kBlanksAndLines = {"\n", " ", "l", "\n ", "  ", "q", "Q", "S"};
+const Pieces kOperands = {" ", " ", "1", "23", "4567.8", "-", "!", "*", "/", "f*", "m", "l", "q", "Q", "\n"};
 const Pieces kOperators = {"1 2 m\n",
                            "3.5 -4 l\n",
                            "10 20 l\r\n",
@@ -119,6 +120,10 @@ TEST(NormaliseContentText, EqualsTheLiteralReplacementsForRandomCharacters) {
 
 TEST(NormaliseContentText, EqualsTheLiteralReplacementsForRunsOfBlanksAndLineEnds) {
   ExpectSameContentTexts(kBlanksAndLines, 16, 10000);
+}
+
+TEST(NormaliseContentText, EqualsTheLiteralReplacementsForOperands) {
+  ExpectSameContentTexts(kOperands, 30, 10000);
 }
 
 TEST(NormaliseContentText, EqualsTheLiteralReplacementsForPiecesOfRealPages) {
