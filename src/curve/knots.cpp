@@ -33,8 +33,11 @@ StatusCode GenerateBezierKnots(CurveBlock& curve, Status* status) {
     return Fail(status, kUnsupportedKnotCount, "num(knots) (%lu) %% order (%lu) != 0", Long(curve.knotCount),
                 Long(order));
   }
-  const double lastGroup = curve.knotCount / order - 1.0;
-  for (std::uint32_t i = 0; i < curve.knotCount; ++i) curve.Knots()[i] = (i / order) / lastGroup;
+  const std::uint32_t groups = curve.knotCount / order;
+  for (std::uint32_t i = 0; i < curve.knotCount; ++i) {
+    const std::uint32_t group = i / order;
+    curve.Knots()[i] = group / (groups - 1.0);
+  }
   return Succeed(status);
 }
 
