@@ -57,16 +57,28 @@ bool TakeValueLine(LineStream& stream, std::string_view& line) {
   return clean;
 }
 
+// Rarely called, so not inlined: what they need would cost the usual lines their time.
+
+[[gnu::noinline]] bool TakeAnyCode(LineStream& stream, std::int32_t& code) {
+  std::string_view line;
+  const bool clean = stream.readLine(line);
+  code = support::AtoI(line);
+  return clean;
+}
+
+[[gnu::noinline]] bool TakeAnyReal(LineStream& stream, double& value) {
+  std::string_view line;
+  if (!TakeValueLine(stream, line)) return false;
+  value = support::AtoF(line);
+  return true;
+}
+
 }  // namespace
 
 dxfReader::~dxfReader() = default;
 
 bool dxfReader::fetchGroupCode(std::int32_t& code) {
-  if (stream->readShortNumber(code)) return true;
-  std::string_view line;
-  const bool clean = stream->readLine(line);
-  code = support::AtoI(line);
-  return clean;
+  return stream->readShortNumber(code) || TakeAnyCode(*stream, code);
 }
 
 bool dxfReader::fetchLine(std::string_view& line) {
@@ -99,10 +111,7 @@ bool dxfReader::fetchWide() {
 
 bool dxfReader::fetchReal() {
   valueKind = 0;
-  std::string_view line;
-  if (!TakeValueLine(*stream, line)) return false;
-  realValue = support::AtoF(line);
-  return true;
+  return stream->readPlainNumber(realValue) || TakeAnyReal(*stream, realValue);
 }
 
 bool dxfReader::fetchFlag() {

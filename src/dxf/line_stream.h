@@ -7,6 +7,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "support/decimal_digits.h"
+
 /// Lines of a file that stands in memory, with the state that a text input stream would have: clean until a
 /// read meets the end of the bytes.
 class LineStream {
@@ -28,16 +30,23 @@ class LineStream {
   /// False, and nothing read, where there is another line.
   bool readShortNumber(std::int32_t& number) {
     if (!isClean || end - next < 5) return false;
-    const std::size_t feed = next[3] == '\r' ? 4 : 3;
-    if (next[feed] != '\n') return false;
-    std::int32_t value = 0;
-    for (const char* at = next; at != next + 3; ++at) {
-      const auto digit = static_cast<unsigned char>(*at - '0');
-      if (digit > 9 && (*at != ' ' || at == next + 2 || (at != next && at[-1] != ' '))) return false;
-      value = 10 * value + (digit > 9 ? 0 : digit);
-    }
-    number = value;
-    next += feed + 1;
+    constexpr std::uint32_t blank = ' ' ^ '0';  // as `digitAt` has it
+    std::uint32_t digits = digitAt(0) | digitAt(1) << 8 | digitAt(2) << 16;
+    const bool oneLeads = (digits & 0xFF) == blank;
+    const bool twoLead = (digits & 0xFFFF) == (blank | blank << 8);
+    digits ^= (oneLeads ? blank : 0) | (twoLead ? blank << 8 : 0);
+    if ((((digits + 0x767676) | digits) & 0x808080) != 0 || !skipLineEnd(next + 3)) return false;
+    number = static_cast<std::int32_t>(100 * (digits & 0xFF) + 10 * (digits >> 8 & 0xFF) + (digits >> 16));
+    return true;
+  }
+
+  /// Reads a line of one short number with a point, as nearly all coordinates stand in a file. False, and
+  /// nothing read, where there is another line, or where the bytes end soon.
+  bool readPlainNumber(double& number) {
+    if (!isClean || end - next < support::ShortDecimal::kReach) return false;
+    const support::ShortDecimal decimal(next);
+    if (decimal.end == nullptr || !skipLineEnd(decimal.end)) return false;
+    number = decimal.value;
     return true;
   }
 
@@ -45,6 +54,17 @@ class LineStream {
   std::size_t remaining() const { return static_cast<std::size_t>(end - next); }
 
  private:
+  /// The value of a digit; more than 9 for any other character.
+  std::uint32_t digitAt(std::size_t i) const { return static_cast<unsigned char>(next[i] ^ '0'); }
+
+  /// Goes behind a line that ends at `at`, with a carriage return or without. False where it does not end.
+  bool skipLineEnd(const char* at) {
+    if (at != end && *at == '\r') ++at;
+    if (at == end || *at != '\n') return false;
+    next = at + 1;
+    return true;
+  }
+
   /// The next line feed, or the end of the bytes. Nearly all lines are a few characters long, so the first
   /// ones are looked at in two words here, without a call.
   const char* lineFeed() const {

@@ -9,11 +9,33 @@
 
 namespace support {
 
-/// A number that was read, and how many characters it took.
-struct ShortNumber {
-  double value;
-  std::ptrdiff_t length;
-};
+/// Eight characters at a time, in the bytes of a word (little-endian): the lengths of numbers are what a
+/// processor guesses worst. A digit's byte is its value, all other characters have more than 9.
+namespace digit_words {
+
+inline std::uint64_t WordAt(const char* at) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, at, sizeof word);
+  return word ^ 0x3030303030303030;
+}
+
+/// How many digits lead `word`.
+inline std::ptrdiff_t LeadingDigits(std::uint64_t word) {
+  const std::uint64_t others = ((word + 0x7676767676767676) | word) & 0x8080808080808080;
+  return std::countr_zero(others) / 8;
+}
+
+/// The number that the first `digits` bytes of `word` make.
+inline std::int64_t ValueOf(std::uint64_t word, std::ptrdiff_t digits) {
+  const std::ptrdiff_t half = 32 - 4 * digits;
+  word = word << half << half;     // zeros come in where the first digits of eight would stand
+  word = word * 10 + (word >> 8);  // pairs of digits, in every second byte
+  constexpr std::uint64_t pairs = 0x000000FF000000FF;
+  return static_cast<std::int64_t>(
+      ((word & pairs) * 0x000F424000000064 + (word >> 16 & pairs) * 0x0000271000000001) >> 32);
+}
+
+}  // namespace digit_words
 
 /// The decimal digits of a number as they are met, its point and exponent aside.
 struct DecimalDigits {
@@ -26,8 +48,8 @@ struct DecimalDigits {
   const char* TakeWithPoint(const char* begin, const char* at, const char* end) {
     if constexpr (std::endian::native == std::endian::little) {
       if (end - at >= 8) {
-        const std::uint64_t word = WordAt(at);
-        const std::ptrdiff_t whole = LeadingDigits(word);
+        const std::uint64_t word = digit_words::WordAt(at);
+        const std::ptrdiff_t whole = digit_words::LeadingDigits(word);
         if (whole < 8 && at[whole] == '.') return TakeAroundPoint(begin, at, end, word, whole);
       }
     }
@@ -43,14 +65,15 @@ struct DecimalDigits {
   const char* Take(const char* begin, const char* at, const char* end) {
     if constexpr (std::endian::native == std::endian::little) {
       while (end - at >= 8) {
-        const std::ptrdiff_t taken = TakeOfWord(WordAt(at));
+        const std::ptrdiff_t taken = TakeOfWord(digit_words::WordAt(at));
         at += taken;
         if (taken != 8) return at;
       }
       // The last few characters, out of the last word. What follows them there is made no digit.
       if (end - begin >= 8 && at != end) {
         const std::ptrdiff_t left = end - at;
-        return at + TakeOfWord(WordAt(end - 8) >> (64 - 8 * left) | ~std::uint64_t{0} << (8 * left));
+        return at +
+               TakeOfWord(digit_words::WordAt(end - 8) >> (64 - 8 * left) | ~std::uint64_t{0} << (8 * left));
       }
     }
     for (; at != end && *at >= '0' && *at <= '9'; ++at) {
@@ -71,32 +94,6 @@ struct DecimalDigits {
     return exponent < 0 ? exact / kPowersOfTen[-exponent] : exact * kPowersOfTen[exponent];
   }
 
-  /// The number of at most eight characters that stands at `at`, digits and one point, where it is quickly
-  /// found: not where it is longer, has no digit, or an exponent may follow. Needs `kShortNumberRoom`
-  /// characters at `at`.
-  static std::optional<ShortNumber> ReadShort(const char* at) {
-    if constexpr (std::endian::native != std::endian::little) return std::nullopt;
-    const std::uint64_t word = WordAt(at);
-    const std::uint64_t others = OthersOf(word);
-    if (others == 0) return std::nullopt;
-    std::ptrdiff_t length = PlaceOf(others);
-    std::ptrdiff_t digits = length;
-    std::uint64_t joined = word;
-    if (at[length] == '.') {
-      const std::uint64_t beforePoint = (std::uint64_t{1} << (8 * length)) - 1;
-      joined = (word & beforePoint) | (word >> 8 & ~beforePoint);
-      const std::uint64_t othersBehind = others & (others - 1);
-      length = othersBehind == 0 ? 8 : PlaceOf(othersBehind);
-      digits = length - 1;
-    }
-    const char next = at[length];
-    if (digits == 0 || next == 'e' || next == 'E' || (length == 8 && next >= '0' && next <= '9'))
-      return std::nullopt;
-    const auto value = static_cast<double>(ValueOf(joined << (64 - 8 * digits)));
-    return ShortNumber{value / kPowersOfTen[length == digits ? 0 : digits - PlaceOf(others)], length};
-  }
-  static constexpr std::ptrdiff_t kShortNumberRoom = 9;
-
  private:
   // All powers that a float holds exactly.
   static constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -105,47 +102,15 @@ struct DecimalDigits {
   static constexpr std::uint64_t kWholePowersOfTen[] = {1,      10,      100,      1000,     10000,
                                                         100000, 1000000, 10000000, 100000000};
 
-  // Eight characters at a time, in the bytes of a word: the lengths of numbers are what a processor guesses
-  // worst. A digit's byte is its value, all other characters have more than 9.
-
-  static std::uint64_t WordAt(const char* at) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    return word ^ 0x3030303030303030;
-  }
-
-  /// The high bit of each byte that is no digit. Carries spoil the mark of a digit only where a character
-  /// beyond ASCII stands before it.
-  static std::uint64_t OthersOf(std::uint64_t word) {
-    return ((word + 0x7676767676767676) | word) & 0x8080808080808080;
-  }
-
-  /// Which byte the first of `others` is; there must be one.
-  static std::ptrdiff_t PlaceOf(std::uint64_t others) { return std::countr_zero(others) / 8; }
-
-  /// How many digits lead `word`.
-  static std::ptrdiff_t LeadingDigits(std::uint64_t word) {
-    const std::uint64_t others = OthersOf(word);
-    return others == 0 ? 8 : PlaceOf(others);
-  }
-
-  /// The value of eight digits.
-  static std::uint64_t ValueOf(std::uint64_t word) {
-    word = (word * 10 + (word >> 8)) & 0x00FF00FF00FF00FF;
-    word = (word * 100 + (word >> 16)) & 0x0000FFFF0000FFFF;
-    return (word * 10000 + (word >> 32)) & 0xFFFFFFFF;
-  }
-
   /// Takes the `digits` digits that lead `word`.
   void TakeOfWord(std::uint64_t word, std::ptrdiff_t digits) {
-    if (digits == 0) return;
-    // Zeros come in where the first digits of eight would stand.
-    value = value * kWholePowersOfTen[digits] + ValueOf(word << (64 - 8 * digits));
+    value =
+        value * kWholePowersOfTen[digits] + static_cast<std::uint64_t>(digit_words::ValueOf(word, digits));
     count += digits;
   }
 
   std::ptrdiff_t TakeOfWord(std::uint64_t word) {
-    const std::ptrdiff_t digits = LeadingDigits(word);
+    const std::ptrdiff_t digits = digit_words::LeadingDigits(word);
     TakeOfWord(word, digits);
     return digits;
   }
@@ -156,13 +121,45 @@ struct DecimalDigits {
     const std::uint64_t beforePoint = (std::uint64_t{1} << (8 * whole)) - 1;
     constexpr std::uint64_t noDigitAtEnd = 0xFF00000000000000;
     const std::uint64_t joined = (word & beforePoint) | (word >> 8 & ~beforePoint) | noDigitAtEnd;
-    const std::ptrdiff_t digits = LeadingDigits(joined);
+    const std::ptrdiff_t digits = digit_words::LeadingDigits(joined);
     TakeOfWord(joined, digits);
     at += digits + 1;
     if (digits == 7) at = Take(begin, at, end);
     fraction = count - whole;
     return at;
   }
+};
+
+/// A sign or none, up to 7 digits, a point, and up to 8 digits, as nearly all numbers of a drawing stand.
+struct ShortDecimal {
+  /// How many characters from its start on are looked at.
+  static constexpr std::ptrdiff_t kReach = 17;
+
+  /// Reads the number at `at`. The float is that of `DecimalDigits`.
+  explicit ShortDecimal(const char* at) {
+    if constexpr (std::endian::native == std::endian::little) {
+      static constexpr std::int64_t kPowersOfTen[] = {1,      10,      100,      1000,     10000,
+                                                      100000, 1000000, 10000000, 100000000};
+      const bool negative = *at == '-';
+      at += negative ? 1 : 0;
+      const std::uint64_t whole = digit_words::WordAt(at);
+      const std::ptrdiff_t wholeDigits = digit_words::LeadingDigits(whole);
+      if (wholeDigits == 8 || at[wholeDigits] != '.') return;
+      at += wholeDigits + 1;
+      const std::uint64_t fraction = digit_words::WordAt(at);
+      const std::ptrdiff_t fractionDigits = digit_words::LeadingDigits(fraction);
+      if (wholeDigits + fractionDigits == 0) return;
+      const std::int64_t power = kPowersOfTen[fractionDigits];
+      const std::int64_t digits =
+          digit_words::ValueOf(whole, wholeDigits) * power + digit_words::ValueOf(fraction, fractionDigits);
+      value = static_cast<double>(digits) / static_cast<double>(power);
+      if (negative) value = -value;
+      end = at + fractionDigits;
+    }
+  }
+
+  double value = 0.0;
+  const char* end = nullptr;  ///< the character behind the number; null where there is another one
 };
 
 }  // namespace support

@@ -1,6 +1,5 @@
 #include "svg/number_scanner.h"
 
-#include <cmath>
 #include <cstddef>
 #include <optional>
 
@@ -46,12 +45,11 @@ const char* TakeExponent(const char* at, const char* end, std::ptrdiff_t& expone
 
 /// Reads the number that begins at `cursor`.
 double ScanStarted(TextCursor& cursor) {
-  if (cursor.end - cursor.next > support::DecimalDigits::kShortNumberRoom) {
-    const char sign = *cursor.next;
-    const char* const at = cursor.next + ((sign == '-') | (sign == '+'));
-    if (const auto number = support::DecimalDigits::ReadShort(at)) {
-      cursor.next = at + number->length;
-      return std::copysign(number->value, sign == '-' ? -1.0 : 1.0);
+  if (cursor.end - cursor.next >= support::ShortDecimal::kReach) {
+    const support::ShortDecimal number(cursor.next);
+    if (number.end != nullptr && *number.end != 'e' && *number.end != 'E') {
+      cursor.next = number.end;
+      return number.value;
     }
   }
   return ScanLong(cursor);

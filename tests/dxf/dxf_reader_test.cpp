@@ -1,6 +1,8 @@
 #include "dxf/dxf_reader.h"
 
 #include <gtest/gtest.h>
+#include <memory>
+#include <string>
 
 #include "dxf/tag_text.h"
 
@@ -251,6 +253,43 @@ TEST(LineStream, LeavesEveryOtherLineAsItStands) {
     EXPECT_FALSE(stream.readShortNumber(number)) << text;
     EXPECT_EQ(number, 7);
     EXPECT_EQ(stream.remaining(), text.size());
+  }
+}
+
+TEST(LineStream, ReadsANumberWithItsPoint) {
+  LineStream stream("12.5\n-0.25\r\n7.\n.5\n1234567.12345678\nrest of the file\n");
+  for (const double expected : {12.5, -0.25, 7.0, 0.5, 1234567.12345678}) {
+    double number = -1.0;
+    EXPECT_TRUE(stream.readPlainNumber(number));
+    EXPECT_EQ(number, expected);
+  }
+  std::string_view line;
+  EXPECT_TRUE(stream.readLine(line));
+  EXPECT_EQ(line, "rest of the file");
+}
+
+TEST(LineStream, LeavesOtherNumbersAsTheyStand) {
+  for (const std::string start : {"5", ".", "-.", "+1.5", " 1.5", "--1.5", "1.5e2", "1.5 ", "1.5\rx", "1.2.3",
+                                  "nan", "12345678.5", "0.123456789", "0x1.8", ""}) {
+    const std::string text = start + "\nand more lines behind\n";
+    LineStream stream(text);
+    double number = 7.0;
+    EXPECT_FALSE(stream.readPlainNumber(number)) << start;
+    EXPECT_EQ(number, 7.0);
+    EXPECT_EQ(stream.remaining(), text.size());
+  }
+}
+
+TEST(LineStream, ReadsNoNumberBeyondTheEnd) {
+  const std::string number = "-123456.12345678";
+  const std::string text = number + "\n-12";
+  for (std::size_t size = 0; size <= text.size(); ++size) {
+    // A block of exactly these bytes, so that the sanitizer finds a look behind it.
+    const auto bytes = std::make_unique<char[]>(size);
+    text.copy(bytes.get(), size);
+    LineStream stream({bytes.get(), size});
+    double read = 0.0;
+    EXPECT_EQ(stream.readPlainNumber(read), size > number.size()) << size;
   }
 }
 

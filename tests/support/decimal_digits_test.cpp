@@ -1,10 +1,13 @@
 #include "support/decimal_digits.h"
 
+#include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
 
 using support::DecimalDigits;
+using support::ShortDecimal;
 
 namespace {
 
@@ -114,4 +117,37 @@ TEST(DecimalDigits, GiveANumberOnlyWhereOneRoundingIsEnough) {
   EXPECT_EQ((DecimalDigits{12345, 5, 3}).Number(), 12.345);
   EXPECT_EQ((DecimalDigits{12345, 5, 3}).Number(2), 1234.5);
   EXPECT_EQ((DecimalDigits{1, 20}).Number(), std::nullopt);
+}
+
+TEST(ShortDecimal, IsTheNearestFloat) {
+  std::mt19937 random(11);
+  const auto digits = [&random](std::size_t count) {
+    std::string made;
+    while (made.size() < count) made += static_cast<char>('0' + random() % 10);
+    return made;
+  };
+  for (int i = 0; i < 100000; ++i) {
+    const std::size_t whole = random() % 8;
+    const std::size_t fraction = random() % 9;
+    if (whole + fraction == 0) continue;
+    const std::string text =
+        std::string(i % 2, '-').append(digits(whole)).append(".").append(digits(fraction));
+    const std::string line = text + "\n" + std::string(ShortDecimal::kReach, '9');
+    const ShortDecimal decimal(line.data());
+    ASSERT_EQ(decimal.end, line.data() + text.size()) << text;
+    ASSERT_EQ(decimal.value, std::strtod(text.c_str(), nullptr)) << text;
+    ASSERT_EQ(std::signbit(decimal.value), i % 2 == 1) << text;
+  }
+}
+
+TEST(ShortDecimal, LeavesLongerNumbers) {
+  for (const std::string text : {"12345678.5", "123456789", "5", "-5", ".", "-.", "+1.5", "e1.5", ""}) {
+    EXPECT_EQ(ShortDecimal((text + "\n" + std::string(ShortDecimal::kReach, '9')).data()).end, nullptr)
+        << text;
+  }
+}
+
+TEST(ShortDecimal, EndsBehindTheEighthDigitOfAFraction) {
+  const std::string text = "0.123456789, and more";
+  EXPECT_EQ(ShortDecimal(text.data()).end, text.data() + 10);
 }
