@@ -59,7 +59,7 @@ Parameter ParameterOnCircle(double angle, double radius) {
   }();
   const double quarters = angle / kQuarterTurn;
   if (std::isfinite(radius) && std::fabs(quarters) <= kQuarters) {
-    const int nearest = static_cast<int>(std::lround(quarters));
+    const int nearest = static_cast<int>(quarters + (quarters < 0.0 ? -0.5 : 0.5));
     if (nearest != 0 && angle == nearest * kQuarterTurn)
       return kAtQuarters[static_cast<std::size_t>(nearest + kQuarters)];
   }
@@ -101,7 +101,10 @@ class Ellipse {
   double rySine;
 };
 
-/// How far the control points of a section lie along its end tangents. Negative for a reversed arc.
+/// How far the control points of a section of twice the angle `half` lie along its end tangents.
+double HandleOfHalf(double half) { return (1.0 - std::cos(half)) * (4.0 / 3.0) / std::sin(half); }
+
+/// The same for the section between two knots. Negative for a reversed arc.
 double HandleLength(bool reversed, const Knot& first, const Knot& second) {
   double sweep = std::fabs(second.parameter - first.parameter);
   sweep = std::min(sweep, kFullTurn - sweep);
@@ -109,7 +112,12 @@ double HandleLength(bool reversed, const Knot& first, const Knot& second) {
   const double half = sweep / 2.0;
   // Both ends of a section can fall on one parameter of a very flat ellipse; the limit of the formula is 0.
   if (half == 0.0) return 0.0;
-  return (1.0 - std::cos(half)) * (4.0 / 3.0) / std::sin(half);
+  // Most sections are quarters of a turn.
+  constexpr double halfOfQuarter = kQuarterTurn / 2.0;
+  static const double kForward = HandleOfHalf(halfOfQuarter);
+  static const double kBackward = HandleOfHalf(-halfOfQuarter);
+  if (half == halfOfQuarter) return kForward;
+  return half == -halfOfQuarter ? kBackward : HandleOfHalf(half);
 }
 
 void AppendSection(std::vector<Point3>& points, const Knot& first, const Knot& second, double k) {
