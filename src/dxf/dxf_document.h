@@ -9,6 +9,7 @@
 
 #include "dxf/dxf_blocks.h"
 #include "dxf/dxf_header.h"
+#include "dxf/dxf_names.h"
 #include "dxf/dxf_objects.h"
 #include "dxf/dxf_tables.h"
 #include "support/arena.h"
@@ -45,6 +46,7 @@ class DXF_Document {
   const DXF_ImageDef* findImageDef(std::uint32_t handle) const;
 
   support::Arena entityMemory;         ///< of what the blocks hold
+  DXF_Names entityNames;               ///< that entities point at
   std::size_t conversionUnits = 0;     ///< of all that the blocks hold, see `ConversionUnits`
   std::unique_ptr<DXF_Header> header;  ///< null until the section closes
   std::vector<std::unique_ptr<DXF_Dimstyle>> dimStyles;

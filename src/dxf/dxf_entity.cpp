@@ -22,19 +22,21 @@ DXF_Entity::~DXF_Entity() = default;
 void DXF_Entity::parseGroup(std::int32_t code, const dxfReader& reader) {
   switch (code) {
     case 5: handle = reader.handleFromText(); break;
-    case 6: lineType = reader.text(); break;
-    case 8: layer = reader.text(); break;
+    case 6: lineType = reader.name(); break;
+    case 8: layer = reader.name(); break;
     case 48: lineTypeScale = reader.realValue; break;
     case 60: invisible = reader.intValue != 0; break;
     case 62: color = reader.intValue; break;
     case 67: space = reader.intValue; break;
-    case 102: TakeAppData(reader, appData); break;
+    case 102: TakeAppData(reader, notes.make().appData); break;
     case 210: hasExtrusion = true; break;
     case 330: ownerHandle = reader.handleFromText(); break;
     case 370: lineWeight = LineWeightClass(reader.intValue); break;
     case 420: color24 = reader.intValue; break;
-    case 430: colorName = reader.text(); break;
-    default: TakeExtData(code, reader, extData); break;
+    case 430: notes.make().colorName = reader.text(); break;
+    default:
+      if (IsExtDataCode(code)) TakeExtData(code, reader, notes.make().extData);
+      break;
   }
 }
 

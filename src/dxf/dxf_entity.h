@@ -5,8 +5,10 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "dxf/dxf_rare.h"
 #include "dxf/dxf_variant.h"
 #include "entity/point3.h"
 #include "support/arena_allocator.h"
@@ -49,11 +51,21 @@ enum DXF_Kind : std::int32_t {
   kDxfNoKind = 24,
 };
 
+/// What few entities state.
+struct DXF_EntityNotes {
+  std::string colorName;
+  std::list<std::list<DXF_Variant>> appData;  ///< one list per group 102; its text where that opens a group
+  DXF_ExtData extData;
+};
+
 /// What every entity of a drawing states, as it stands in the file. The records of the kinds derive from it.
 ///
 /// Each record has an operation `parseGroup(code, reader)` of its own, not virtual, which takes the value of
 /// the current tag out of the reader's slots. A code that a class does not take goes to its base class; a
 /// code that no class takes is ignored.
+///
+/// A drawing has a record for each of its entities, all at one time: what they need is what a big drawing
+/// needs.
 class DXF_Entity {
  public:
   virtual ~DXF_Entity();
@@ -65,19 +77,17 @@ class DXF_Entity {
 
   std::int32_t kind = kDxfNoKind;
   std::uint32_t handle = 0;
-  std::int32_t space = 0;
-  std::string layer = "0";
-  std::string lineType = "BYLAYER";
-  std::int32_t color = 256;
-  std::int32_t lineWeight = 29;  ///< class index, see LineWeightClass
+  std::string_view layer = "0";  ///< names lie in the document
+  std::string_view lineType = "BYLAYER";
   double lineTypeScale = 1.0;
-  bool invisible = false;
-  std::int32_t color24 = -1;  ///< 0xRRGGBB, or -1 for none
-  std::string colorName;
-  bool hasExtrusion = false;
-  std::list<std::list<DXF_Variant>> appData;  ///< one list per group 102; its text where that opens a group
+  std::int32_t space = 0;
+  std::int32_t color = 256;
+  std::int32_t color24 = -1;     ///< 0xRRGGBB, or -1 for none
+  std::int32_t lineWeight = 29;  ///< class index, see LineWeightClass
   std::uint32_t ownerHandle = 0;
-  DXF_ExtData extData;
+  bool invisible = false;
+  bool hasExtrusion = false;
+  DXF_Rare<DXF_EntityNotes> notes;
 
  protected:
   DXF_Entity() = default;

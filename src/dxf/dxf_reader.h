@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "dxf/dxf_names.h"
 #include "dxf/dxf_text_decoder.h"
 #include "dxf/line_stream.h"
 
@@ -13,8 +14,8 @@
 /// each true result the value stands in the slot of its kind, and the other slots hold what they held before.
 class dxfReader {
  public:
-  /// The stream, and the bytes behind it, outlive the reader.
-  explicit dxfReader(LineStream& lines) : stream(&lines) {}
+  /// The stream, the bytes behind it and the names outlive the reader.
+  dxfReader(LineStream& lines, DXF_Names& keptNames) : stream(&lines), names(&keptNames) {}
   dxfReader(const dxfReader&) = delete;
   dxfReader& operator=(const dxfReader&) = delete;
 
@@ -38,12 +39,16 @@ class dxfReader {
   /// The text value, decoded.
   std::string text() const { return decoder.decode(textValue); }
 
+  /// The same for a name that the records of many entities point at.
+  std::string_view name() const { return names->keep(text()); }
+
   /// How many records of `linesEach` lines the rest of the file could hold: a stated count reserves no more,
   /// nor more than a fixed bound.
   std::size_t reservable(std::int32_t count, std::size_t linesEach) const;
 
   std::int32_t valueKind = 5;  ///< 0 after every value, whatever its kind: nothing may depend on it
   LineStream* stream;
+  DXF_Names* names;
   std::string_view textValue;  ///< undecoded, within the file's bytes, less one trailing carriage return
   double realValue = 0.0;
   std::int32_t intValue = 0;

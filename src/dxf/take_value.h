@@ -32,6 +32,9 @@ bool TakeListedCoord(std::int32_t code, std::int32_t xCode, const dxfReader& rea
   return true;
 }
 
+/// Whether groups of this code may be extended data.
+inline bool IsExtDataCode(std::int32_t code) { return code >= 1000 && code <= 1071; }
+
 /// Takes a group of extended data (1000 to 1071). False for any other code.
 bool TakeExtData(std::int32_t code, const dxfReader& reader, DXF_ExtData& data);
 

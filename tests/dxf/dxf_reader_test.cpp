@@ -77,7 +77,8 @@ class CountingReader : public dxfReader {
 std::string OperationOf(std::int32_t code) {
   const std::string text = std::to_string(code) + "\n1\n";
   LineStream stream(text);
-  CountingReader reader(stream);
+  DXF_Names names;
+  CountingReader reader(stream, names);
   std::int32_t read = 0;
   reader.nextGroup(read);
   if (reader.longs == 1 && reader.shorts == 1) return "long";

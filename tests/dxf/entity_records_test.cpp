@@ -20,11 +20,11 @@ TEST(EntityRecord, HasTheDefaultsOfTheFormat) {
   EXPECT_EQ(record.lineTypeScale, 1.0);
   EXPECT_FALSE(record.invisible);
   EXPECT_EQ(record.color24, -1);
-  EXPECT_EQ(record.colorName, "");
+  EXPECT_EQ(record.notes->colorName, "");
   EXPECT_FALSE(record.hasExtrusion);
-  EXPECT_TRUE(record.appData.empty());
+  EXPECT_TRUE(record.notes->appData.empty());
   EXPECT_EQ(record.ownerHandle, 0U);
-  EXPECT_TRUE(record.extData.empty());
+  EXPECT_TRUE(record.notes->extData.empty());
   EXPECT_EQ(record.point, (Coord{0, 0, 0}));
   EXPECT_EQ(record.thickness, 0.0);
   EXPECT_EQ(record.extrusion, (Coord{0, 0, 1}));
@@ -44,7 +44,7 @@ TEST(EntityRecord, TakesTheGroupsOfEveryEntity) {
   EXPECT_EQ(record.lineTypeScale, 2.5);
   EXPECT_TRUE(record.invisible);
   EXPECT_EQ(record.color24, 1193046);
-  EXPECT_EQ(record.colorName, "RED$1");
+  EXPECT_EQ(record.notes->colorName, "RED$1");
   EXPECT_EQ(record.ownerHandle, 31U);
   EXPECT_EQ(record.point, (Coord{1, 2, 3}));
   EXPECT_EQ(record.thickness, 0.5);
@@ -61,7 +61,7 @@ TEST(EntityRecord, DecodesEveryText) {
   const auto record = Parsed<DXF_Point>("8|a\\U+00B0|6|\\U+0041|430|\\U+0042");
   EXPECT_EQ(record.layer, "a\xC2\xB0");
   EXPECT_EQ(record.lineType, "A");
-  EXPECT_EQ(record.colorName, "B");
+  EXPECT_EQ(record.notes->colorName, "B");
 }
 
 TEST(EntityRecord, IgnoresCodesThatNoClassTakes) {
@@ -76,11 +76,11 @@ TEST(EntityRecord, IgnoresTheSmallestAndTheLargestCode) {
 
 TEST(EntityRecord, AppendsAListPerApplicationGroup) {
   const auto record = Parsed<DXF_Point>("102|{ACAD_REACTORS|330|7|102|}");
-  ASSERT_EQ(record.appData.size(), 2U);
-  ASSERT_EQ(record.appData.front().size(), 1U);
-  EXPECT_EQ(record.appData.front().front().text, "ACAD_REACTORS");
-  EXPECT_EQ(record.appData.front().front().code, 102);
-  EXPECT_TRUE(record.appData.back().empty());
+  ASSERT_EQ(record.notes->appData.size(), 2U);
+  ASSERT_EQ(record.notes->appData.front().size(), 1U);
+  EXPECT_EQ(record.notes->appData.front().front().text, "ACAD_REACTORS");
+  EXPECT_EQ(record.notes->appData.front().front().code, 102);
+  EXPECT_TRUE(record.notes->appData.back().empty());
   // The groups between are the entity's own.
   EXPECT_EQ(record.ownerHandle, 7U);
 }
@@ -88,36 +88,36 @@ TEST(EntityRecord, AppendsAListPerApplicationGroup) {
 TEST(EntityRecord, KeepsExtendedDataInOrder) {
   const auto record =
       Parsed<DXF_Point>("1001|APP|1000|note|1010|1.5|1020|2.5|1030|3.5|1040|4.5|1070|6|1071|70000|1005|AB");
-  ASSERT_EQ(record.extData.size(), 7U);
-  EXPECT_EQ(record.extData[0]->text, "APP");
-  EXPECT_EQ(record.extData[0]->type, DXF_Variant::kText);
-  EXPECT_EQ(record.extData[1]->text, "note");
-  EXPECT_EQ(record.extData[2]->type, DXF_Variant::kCoordinate);
-  EXPECT_EQ(record.extData[2]->x, 1.5);
-  EXPECT_EQ(record.extData[2]->y, 2.5);
-  EXPECT_EQ(record.extData[2]->z, 3.5);
-  EXPECT_EQ(record.extData[3]->type, DXF_Variant::kReal);
-  EXPECT_EQ(record.extData[3]->value.real, 4.5);
-  EXPECT_EQ(record.extData[4]->type, DXF_Variant::kInteger);
-  EXPECT_EQ(record.extData[4]->value.integer, 6);
-  EXPECT_EQ(record.extData[5]->value.integer, 70000);
-  EXPECT_EQ(record.extData[6]->text, "AB");
+  ASSERT_EQ(record.notes->extData.size(), 7U);
+  EXPECT_EQ(record.notes->extData[0]->text, "APP");
+  EXPECT_EQ(record.notes->extData[0]->type, DXF_Variant::kText);
+  EXPECT_EQ(record.notes->extData[1]->text, "note");
+  EXPECT_EQ(record.notes->extData[2]->type, DXF_Variant::kCoordinate);
+  EXPECT_EQ(record.notes->extData[2]->x, 1.5);
+  EXPECT_EQ(record.notes->extData[2]->y, 2.5);
+  EXPECT_EQ(record.notes->extData[2]->z, 3.5);
+  EXPECT_EQ(record.notes->extData[3]->type, DXF_Variant::kReal);
+  EXPECT_EQ(record.notes->extData[3]->value.real, 4.5);
+  EXPECT_EQ(record.notes->extData[4]->type, DXF_Variant::kInteger);
+  EXPECT_EQ(record.notes->extData[4]->value.integer, 6);
+  EXPECT_EQ(record.notes->extData[5]->value.integer, 70000);
+  EXPECT_EQ(record.notes->extData[6]->text, "AB");
 }
 
 TEST(EntityRecord, TakesEveryCodeOfExtendedData) {
   for (const char* code : {"1000", "1005", "1010", "1013", "1040", "1042", "1070", "1071"}) {
-    EXPECT_EQ(Parsed<DXF_Point>(std::string(code) + "|1").extData.size(), 1U) << code;
+    EXPECT_EQ(Parsed<DXF_Point>(std::string(code) + "|1").notes->extData.size(), 1U) << code;
   }
   for (const char* code : {"1006", "1009", "1014", "1043", "1069", "1072"}) {
-    EXPECT_TRUE(Parsed<DXF_Point>(std::string(code) + "|1").extData.empty()) << code;
+    EXPECT_TRUE(Parsed<DXF_Point>(std::string(code) + "|1").notes->extData.empty()) << code;
   }
 }
 
 TEST(EntityRecord, DropsACoordinatePartWithoutACoordinate) {
   const auto record = Parsed<DXF_Point>("1020|1|1000|a|1030|2");
-  ASSERT_EQ(record.extData.size(), 1U);
-  EXPECT_EQ(record.extData[0]->text, "a");
-  EXPECT_EQ(record.extData[0]->z, 0.0);
+  ASSERT_EQ(record.notes->extData.size(), 1U);
+  EXPECT_EQ(record.notes->extData[0]->text, "a");
+  EXPECT_EQ(record.notes->extData[0]->z, 0.0);
 }
 
 TEST(LineWeightClass, CountsTheBoundsThatAWeightReaches) {

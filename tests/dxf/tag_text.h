@@ -19,11 +19,18 @@ inline std::string TagText(std::string_view tags) {
 /// A reader over a text of its own.
 class TextReader {
  public:
-  explicit TextReader(std::string content) : text(std::move(content)), stream(text), reader(stream) {}
+  explicit TextReader(std::string content)
+      : text(std::move(content)), stream(text), reader(stream, Names()) {}
 
  private:
   std::string text;
   LineStream stream;
+
+  /// Outlive the readers, for the records that point at them.
+  static DXF_Names& Names() {
+    static DXF_Names names;
+    return names;
+  }
 
  public:
   dxfReader reader;
