@@ -111,36 +111,46 @@ bool DXF_RW::mayConvert(const DXF_Entity& record) const {
   return conversion->blockDepth == 0 || conversion->budget.Pay(record, conversion->blockDepth);
 }
 
-void DXF_RW::convertRecords(Records records, PARSE::Context context) {
+void DXF_RW::convertEntity(const DXF_Entity& record, PARSE::Context context) {
+  if (record.kind == kDxfInsert) return convertInsert(static_cast<const DXF_Insert&>(record), context);
   Sender sender(*this, context);
+  VisitRecord(record, sender);
+}
+
+void DXF_RW::convertRecords(Records records, PARSE::Context context) {
   for (const auto& record : records) {
     if (!mayConvert(*record)) return;
-    if (record->kind == kDxfInsert) {
-      convertInsert(static_cast<const DXF_Insert&>(*record), context);
-    } else {
-      VisitRecord(*record, sender);
-    }
+    convertEntity(*record, context);
   }
 }
 
-void DXF_RW::convertList(Records records, PARSE::Context context) {
-  if (iface == nullptr || sink == nullptr) return;
-  if (conversion != nullptr) {
-    convertRecords(records, context);
-    return;
-  }
+template <typename Convert>
+void DXF_RW::runConversion(Convert convert) {
+  if (conversion != nullptr) return convert();
   DXF_Conversion running(*iface->document);
   insertStack = {};
   conversion = &running;
   const auto stop = [](DXF_Conversion** slot) { *slot = nullptr; };
   const std::unique_ptr<DXF_Conversion*, decltype(stop)> atEnd(&conversion, stop);
-  convertRecords(records, context);
+  convert();
+}
+
+void DXF_RW::convertModel(PARSE::Context context) {
+  runConversion([&] {
+    DXF_Document& document = *iface->document;
+    for (auto& record : document.modelBlock->entities) {
+      convertEntity(*record, context);
+      const void* place = record.get();
+      record.reset();
+      document.modelMemory.FreeBefore(place);
+    }
+  });
 }
 
 void DXF_RW::DrawBlock(const std::string& name, PARSE::Context context) {
-  if (iface == nullptr) return;
+  if (iface == nullptr || sink == nullptr) return;
   const DXF_ifaceBlock* block = iface->document->findBlock(name);
-  if (block != nullptr) convertList(block->entities, context);
+  if (block != nullptr) runConversion([&] { convertRecords(block->entities, context); });
 }
 
 void DXF_RW::convertBlockInto(const std::string& name, NeutralEntities& target) {

@@ -45,7 +45,8 @@ class DXF_Document {
   const DXF_ifaceBlock* findBlock(std::string_view name) const;
   const DXF_ImageDef* findImageDef(std::uint32_t handle) const;
 
-  support::Arena entityMemory;         ///< of what the blocks hold
+  support::Arena blockMemory;          ///< of what the blocks hold
+  support::Arena modelMemory;          ///< of what the model block holds, in its order
   DXF_Names entityNames;               ///< that entities point at
   std::size_t conversionUnits = 0;     ///< of all that the blocks hold, see `ConversionUnits`
   std::unique_ptr<DXF_Header> header;  ///< null until the section closes

@@ -10,9 +10,13 @@ DXF_Interface::DXF_Interface() : document(std::make_unique<DXF_Document>()) {
 
 DXF_Interface::~DXF_Interface() = default;
 
+support::Arena& DXF_Interface::memoryOfCurrentBlock() {
+  return currentBlock == document->modelBlock.get() ? document->modelMemory : document->blockMemory;
+}
+
 template <typename Record>
 void DXF_Interface::store(Record&& record) {
-  void* room = document->entityMemory.RoomFor<Record>();
+  void* room = memoryOfCurrentBlock().RoomFor<Record>();
   DXF_EntityList::value_type kept(new (room) Record(std::move(record)));
   currentBlock->entities.push_back(std::move(kept));
   document->conversionUnits += ConversionUnits(*currentBlock->entities.back());
@@ -75,17 +79,18 @@ void DXF_Interface::addCircle(DXF_Circle&& record) { storeCounted(std::move(reco
 void DXF_Interface::addEllipse(DXF_Ellipse&& record) { storeCounted(std::move(record), ellipseCount); }
 
 void DXF_Interface::addLWPolyline(DXF_LWPolyline&& record) {
-  support::Settle(record.vertices, document->entityMemory);
+  support::Settle(record.vertices, memoryOfCurrentBlock());
   storeCounted(std::move(record), lwPolylineCount);
 }
 
 void DXF_Interface::addPolyline(DXF_Polyline&& record) { storeCounted(std::move(record), polylineCount); }
 
 void DXF_Interface::addSpline(DXF_Spline&& record) {
-  support::Settle(record.knots, document->entityMemory);
-  support::Settle(record.controlPoints, document->entityMemory);
-  support::Settle(record.weights, document->entityMemory);
-  support::Settle(record.fitPoints, document->entityMemory);
+  support::Arena& memory = memoryOfCurrentBlock();
+  support::Settle(record.knots, memory);
+  support::Settle(record.controlPoints, memory);
+  support::Settle(record.weights, memory);
+  support::Settle(record.fitPoints, memory);
   storeCounted(std::move(record), splineCount);
 }
 

@@ -89,6 +89,8 @@ class DXF_Interface {
   std::int32_t blockCount = 0;
 
  private:
+  /// For the records and their lists, in the order in which they come.
+  support::Arena& memoryOfCurrentBlock();
   template <typename Record>
   void store(Record&& record);
   template <typename Record>

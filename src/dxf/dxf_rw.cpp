@@ -20,19 +20,16 @@ bool DXF_RW::Read(const std::string& filePath, PARSE::Context context) {
   sourcePath = filePath;
   const DXF_Header* header = iface->document->header.get();
   if (header != nullptr) header->textVariable("$ACADVER", acadVersion);
-  modelEntities = iface->document->modelBlock->entities;
-  convertList(modelEntities, context);
+  convertModel(context);
   sink->EndFile(context);
   std::int32_t units = 0;
   if (header != nullptr) header->intVariable("$INSUNITS", units);
   sink->EndRead(reinterpret_cast<PARSE::Context>(&units));
-  modelEntities = {};
   iface.reset();
   return true;
 }
 
 void DXF_RW::ResetReader() {
-  modelEntities = {};
   iface.reset();
   sourcePath.clear();
   acadVersion.clear();

@@ -35,13 +35,18 @@ class DXF_RW : public PARSE::DrawLoader {
   class Sender;
   class Collector;
 
-  /// Converts the records in order and hands the entities to the sink.
-  void convertList(Records records, PARSE::Context context);
+  /// Converts the model space in order and hands the entities to the sink. Each record is gone behind its
+  /// conversion, so that its memory can be had for what the sink keeps.
+  void convertModel(PARSE::Context context);
   /// Appends the entities of the block of that name to a list of a neutral entity, instead of calling the
   /// sink.
   void convertBlockInto(const std::string& name, NeutralEntities& target);
 
+  /// Runs `convert` as a conversion, or within the one that runs.
+  template <typename Convert>
+  void runConversion(Convert convert);
   void convertRecords(Records records, PARSE::Context context);
+  void convertEntity(const DXF_Entity& record, PARSE::Context context);
   void convertInsert(const DXF_Insert& record, PARSE::Context context);
   template <typename Record, typename Entity>
   void convertRecord(const Record& record, Entity& entity);
@@ -51,7 +56,6 @@ class DXF_RW : public PARSE::DrawLoader {
   DXF_EntityList ownedEntities;  ///< always empty in reading
   std::string sourcePath;
   std::string acadVersion;
-  Records modelEntities;                                    ///< the model space in the store
   std::unique_ptr<DXF_Interface> iface;                     ///< null between reads
   std::stack<Matrix2D, std::vector<Matrix2D>> insertStack;  ///< nesting of INSERT
   DXF_Conversion* conversion = nullptr;                     ///< the one that runs; null between conversions

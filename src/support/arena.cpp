@@ -7,7 +7,8 @@ namespace support {
 namespace {
 
 constexpr std::size_t kLargestOrdinaryChunk = std::size_t{256} << 10;
-constexpr std::size_t kLargestChunk = std::size_t{16} << 20;
+constexpr std::size_t kLargestChunk = std::size_t{4}
+                                      << 20;  // what is freed from the start on goes in such steps
 
 std::size_t NextChunk(std::size_t bytes) {
   if (bytes < kLargestOrdinaryChunk) return 4 * bytes;
@@ -18,8 +19,8 @@ std::size_t NextChunk(std::size_t bytes) {
 
 void Arena::AddChunk(std::size_t leastBytes) {
   const std::size_t bytes = std::max(leastBytes, nextChunkBytes);
-  chunks.push_back(NewLargeBlock(bytes));
-  free = chunks.back().get();
+  chunks.push_back({NewLargeBlock(bytes), bytes});
+  free = chunks.back().block.get();
   end = free + bytes;
   nextChunkBytes = NextChunk(nextChunkBytes);
 }

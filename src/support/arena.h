@@ -9,7 +9,8 @@
 
 namespace support {
 
-/// Memory that is handed out piece by piece, one behind the other in large chunks, and freed as a whole.
+/// Memory that is handed out piece by piece, one behind the other in large chunks, and freed as a whole, or
+/// from its start on.
 class Arena {
  public:
   static constexpr std::size_t kAlignment = 8;
@@ -32,10 +33,22 @@ class Arena {
     return Allocate(sizeof(Object));
   }
 
+  /// Frees the chunks in front of the one that `piece` lies in: nobody may use what was handed out before it.
+  void FreeBefore(const void* piece) {
+    while (!chunks.front().Holds(piece)) chunks.erase(chunks.begin());
+  }
+
  private:
+  struct Chunk {
+    bool Holds(const void* piece) const { return piece >= block.get() && piece < block.get() + bytes; }
+
+    LargeBlock block;
+    std::size_t bytes;
+  };
+
   void AddChunk(std::size_t leastBytes);
 
-  std::vector<LargeBlock> chunks;
+  std::vector<Chunk> chunks;
   std::size_t nextChunkBytes = std::size_t{16} << 10;  ///< chunks grow, soon to whole huge pages
   char* free = nullptr;                                ///< what is left of the last chunk
   char* end = nullptr;
