@@ -54,7 +54,8 @@ class DXF_Conversion {
 
   std::int32_t units = 0;
   Entity_ZR::Point3 origin;
-  std::unordered_map<std::string_view, LayerLook> layerLooks;  ///< of the names that came up so far
+  /// Of the names that came up so far, by where they lie: records of one layer point at one name.
+  std::unordered_map<const char*, LayerLook> layerLooks;
 };
 
 /// An account of the budget while a block is expanded; the blocks within it share the outermost one's.

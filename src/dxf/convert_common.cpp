@@ -36,7 +36,7 @@ DXF_Conversion::LayerLook DXF_Conversion::resolve(const DXF_Layer& layer) const 
 }
 
 const DXF_Conversion::LayerLook& DXF_Conversion::lookOf(std::string_view layerName) {
-  const auto [known, isFirst] = layerLooks.try_emplace(layerName);
+  const auto [known, isFirst] = layerLooks.try_emplace(layerName.data());
   if (isFirst) {
     const DXF_Layer* layer = document.findLayer(layerName);
     known->second = layer == nullptr ? resolve(DXF_Layer()) : resolve(*layer);
