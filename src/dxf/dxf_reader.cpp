@@ -111,7 +111,7 @@ bool dxfReader::fetchWide() {
 
 bool dxfReader::fetchReal() {
   valueKind = 0;
-  return stream->readPlainNumber(realValue) || TakeAnyReal(*stream, realValue);
+  return stream->readShortDecimal(realValue) || TakeAnyReal(*stream, realValue);
 }
 
 bool dxfReader::fetchFlag() {

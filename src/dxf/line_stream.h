@@ -40,9 +40,9 @@ class LineStream {
     return true;
   }
 
-  /// Reads a line of one short number with a point, as nearly all coordinates stand in a file. False, and
-  /// nothing read, where there is another line, or where the bytes end soon.
-  bool readPlainNumber(double& number) {
+  /// Reads a line of one `ShortDecimal`, as nearly all coordinates stand in a file. False, and nothing read,
+  /// where there is another line, or where the bytes end soon.
+  bool readShortDecimal(double& number) {
     if (!isClean || end - next < support::ShortDecimal::kReach) return false;
     const support::ShortDecimal decimal(next);
     if (decimal.end == nullptr || !skipLineEnd(decimal.end)) return false;

@@ -13,6 +13,9 @@ namespace support {
 /// processor guesses worst. A digit's byte is its value, all other characters have more than 9.
 namespace digit_words {
 
+inline constexpr std::uint64_t kPowersOfTen[] = {1,      10,      100,      1000,     10000,
+                                                 100000, 1000000, 10000000, 100000000};
+
 inline std::uint64_t WordAt(const char* at) {
   std::uint64_t word = 0;
   std::memcpy(&word, at, sizeof word);
@@ -26,13 +29,12 @@ inline std::ptrdiff_t LeadingDigits(std::uint64_t word) {
 }
 
 /// The number that the first `digits` bytes of `word` make.
-inline std::int64_t ValueOf(std::uint64_t word, std::ptrdiff_t digits) {
+inline std::uint64_t ValueOf(std::uint64_t word, std::ptrdiff_t digits) {
   const std::ptrdiff_t half = 32 - 4 * digits;
   word = word << half << half;     // zeros come in where the first digits of eight would stand
   word = word * 10 + (word >> 8);  // pairs of digits, in every second byte
   constexpr std::uint64_t pairs = 0x000000FF000000FF;
-  return static_cast<std::int64_t>(
-      ((word & pairs) * 0x000F424000000064 + (word >> 16 & pairs) * 0x0000271000000001) >> 32);
+  return ((word & pairs) * 0x000F424000000064 + (word >> 16 & pairs) * 0x0000271000000001) >> 32;
 }
 
 }  // namespace digit_words
@@ -99,13 +101,10 @@ struct DecimalDigits {
   static constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                             1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                             1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-  static constexpr std::uint64_t kWholePowersOfTen[] = {1,      10,      100,      1000,     10000,
-                                                        100000, 1000000, 10000000, 100000000};
 
   /// Takes the `digits` digits that lead `word`.
   void TakeOfWord(std::uint64_t word, std::ptrdiff_t digits) {
-    value =
-        value * kWholePowersOfTen[digits] + static_cast<std::uint64_t>(digit_words::ValueOf(word, digits));
+    value = value * digit_words::kPowersOfTen[digits] + digit_words::ValueOf(word, digits);
     count += digits;
   }
 
@@ -130,36 +129,52 @@ struct DecimalDigits {
   }
 };
 
-/// A sign or none, up to 7 digits, a point, and up to 8 digits, as nearly all numbers of a drawing stand.
+/// A minus or none, up to 7 digits, and perhaps a point with up to 15 digits behind it, as nearly all numbers
+/// of a drawing stand.
 struct ShortDecimal {
   /// How many characters from its start on are looked at.
-  static constexpr std::ptrdiff_t kReach = 17;
+  static constexpr std::ptrdiff_t kReach = 25;
 
   /// Reads the number at `at`. The float is that of `DecimalDigits`.
   explicit ShortDecimal(const char* at) {
     if constexpr (std::endian::native == std::endian::little) {
-      static constexpr std::int64_t kPowersOfTen[] = {1,      10,      100,      1000,     10000,
-                                                      100000, 1000000, 10000000, 100000000};
       const bool negative = *at == '-';
       at += negative ? 1 : 0;
-      const std::uint64_t whole = digit_words::WordAt(at);
-      const std::ptrdiff_t wholeDigits = digit_words::LeadingDigits(whole);
-      if (wholeDigits == 8 || at[wholeDigits] != '.') return;
-      at += wholeDigits + 1;
-      const std::uint64_t fraction = digit_words::WordAt(at);
-      const std::ptrdiff_t fractionDigits = digit_words::LeadingDigits(fraction);
-      if (wholeDigits + fractionDigits == 0) return;
-      const std::int64_t power = kPowersOfTen[fractionDigits];
-      const std::int64_t digits =
-          digit_words::ValueOf(whole, wholeDigits) * power + digit_words::ValueOf(fraction, fractionDigits);
-      value = static_cast<double>(digits) / static_cast<double>(power);
+      const std::ptrdiff_t whole = TakeOfWord(at);
+      if (whole == 8) return;
+      at += whole;
+      std::ptrdiff_t fraction = 0;
+      if (*at == '.') {
+        fraction = TakeOfWord(++at);
+        if (fraction == 8) fraction += TakeOfWord(at + 8);
+        at += fraction;
+      }
+      constexpr std::uint64_t largestExactInteger = std::uint64_t{1} << 53;
+      constexpr std::ptrdiff_t mostInWord = 19;
+      if (whole + fraction == 0 || whole + fraction > mostInWord || fraction == 16) return;
+      if (digits > largestExactInteger) return;
+      value = static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[fraction];
       if (negative) value = -value;
-      end = at + fractionDigits;
+      end = at;
     }
   }
 
   double value = 0.0;
   const char* end = nullptr;  ///< the character behind the number; null where there is another one
+
+ private:
+  static constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+  /// Takes the digits that lead the word at `at`; returns how many there are.
+  std::ptrdiff_t TakeOfWord(const char* at) {
+    const std::uint64_t word = digit_words::WordAt(at);
+    const std::ptrdiff_t count = digit_words::LeadingDigits(word);
+    digits = digits * digit_words::kPowersOfTen[count] + digit_words::ValueOf(word, count);
+    return count;
+  }
+
+  std::uint64_t digits = 0;
 };
 
 }  // namespace support
