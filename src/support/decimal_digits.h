@@ -104,6 +104,7 @@ struct DecimalDigits {
 
   /// Takes the `digits` digits that lead `word`.
   void TakeOfWord(std::uint64_t word, std::ptrdiff_t digits) {
+    if (digits == 0) return;
     value = value * digit_words::kPowersOfTen[digits] + digit_words::ValueOf(word, digits);
     count += digits;
   }
