@@ -17,14 +17,14 @@ support::Arena& DXF_Interface::memoryOfCurrentBlock() {
 template <typename Record>
 void DXF_Interface::store(Record&& record) {
   void* room = memoryOfCurrentBlock().RoomFor<Record>();
-  DXF_EntityList::value_type kept(new (room) Record(std::move(record)));
+  DXF_EntityList::value_type kept(new (room) Record(std::forward<Record>(record)));
   currentBlock->entities.push_back(std::move(kept));
   document->conversionUnits += ConversionUnits(*currentBlock->entities.back());
 }
 
 template <typename Record>
 void DXF_Interface::storeCounted(Record&& record, std::int32_t& counter) {
-  store(std::move(record));
+  store(std::forward<Record>(record));
   if (!inBlock) ++counter;
 }
 

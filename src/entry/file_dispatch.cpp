@@ -32,7 +32,7 @@ bool ReadWith(CMyDrawLoad& sink, const std::string& path, PARSE::FileType type) 
 
 }  // namespace
 
-bool DispatchFile(CMyDrawLoad& sink, std::string path) {
+bool DispatchFile(CMyDrawLoad& sink, const std::string& path) {
   if (path.empty()) return false;
   sink.dispatcher = std::make_unique<PARSE::DrawLoader>();
   sink.dispatcher->fileType = sink.fileType;

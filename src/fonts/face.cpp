@@ -89,10 +89,10 @@ Glyph Face::Load(FT_UInt index, const GlyphPlacement& placement) {
   const FT_Error error = FT_Load_Glyph(face.get(), index, FT_LOAD_NO_BITMAP);
   FontMemory::ThrowIfExhausted(*face);
   if (error != 0) return glyph;
-  FT_GlyphSlot const slot = face->glyph;
-  const FT_Outline& outline = slot->outline;
+  const FT_GlyphSlotRec& slot = *face->glyph;
+  const FT_Outline& outline = slot.outline;
   glyph.isLoaded = true;
-  glyph.advance = slot->advance.x;
+  glyph.advance = slot.advance.x;
   glyph.flags = outline.flags;
   glyph.points.assign(outline.points, outline.points + outline.n_points);
   for (FT_Vector& point : glyph.points) {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-using FcConfig = struct _FcConfig;
+using FcConfig = struct _FcConfig;  // NOLINT(bugprone-reserved-identifier): as Fontconfig declares it
 
 namespace fonts {
 

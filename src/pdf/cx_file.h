@@ -34,7 +34,7 @@ class CxIOFile : public CxFile {
   explicit CxIOFile(std::FILE* openFile = nullptr) : file(openFile) {}
   CxIOFile(const CxIOFile&) = delete;
   CxIOFile& operator=(const CxIOFile&) = delete;
-  ~CxIOFile() override { Close(); }
+  ~CxIOFile() override { CxIOFile::Close(); }
 
   bool Open(const char* path, const char* mode);
   /// Reads from `bytes`, which must outlive the file.

@@ -148,6 +148,7 @@ void PageReader::KeepContent(KeptContent kept, std::size_t bytes) {
 /// The streams' texts, one behind the other with nothing between them, normalised.
 support::BlockText PageReader::ContentText(const std::vector<std::int32_t>& numbers) {
   std::vector<ContentStream> streams;
+  streams.reserve(numbers.size());
   for (const std::int32_t number : numbers) streams.push_back(FindContent(number));
   if (streams.size() == 1) {
     const ContentBytes content = DecodeContent(streams.front());

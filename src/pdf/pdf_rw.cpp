@@ -19,6 +19,7 @@ void PDF_RW::ResetReader() {
 
 bool PDF_RW::Read(const std::string& filePath, PARSE::Context context) {
   const support::BrokenPipeGuard guard;  // the notes go to standard output, which may be a pipe
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the argument may be `path`, which is cleared
   const std::string name = filePath;
   ResetReader();
   sink->BeginFile(context);

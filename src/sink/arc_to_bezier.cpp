@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 #include "support/limits.h"
@@ -49,18 +50,19 @@ Parameter ParameterAt(double angle, double rx, double ry) {
 /// the arc tangent: its rounding changes the angle by less than 1e-32, and that rounds to the same float. Not
 /// so next to angle 0, where the floats lie closer.
 Parameter ParameterOnCircle(double angle, double radius) {
-  static constexpr int kQuarters = 3;
+  static constexpr std::ptrdiff_t kQuarters = 3;
   static const auto kAtQuarters = [] {
     std::array<Parameter, 2 * kQuarters + 1> made;
-    for (int i = -kQuarters; i <= kQuarters; ++i) {
-      made[static_cast<std::size_t>(i + kQuarters)] = ParameterAt(i * kQuarterTurn, 1.0, 1.0);
+    for (std::ptrdiff_t i = -kQuarters; i <= kQuarters; ++i) {
+      made[static_cast<std::size_t>(i + kQuarters)] =
+          ParameterAt(static_cast<double>(i) * kQuarterTurn, 1.0, 1.0);
     }
     return made;
   }();
   const double quarters = angle / kQuarterTurn;
   if (std::isfinite(radius) && std::fabs(quarters) <= kQuarters) {
-    const int nearest = static_cast<int>(quarters + (quarters < 0.0 ? -0.5 : 0.5));
-    if (nearest != 0 && angle == nearest * kQuarterTurn)
+    const auto nearest = static_cast<std::ptrdiff_t>(quarters + (quarters < 0.0 ? -0.5 : 0.5));
+    if (nearest != 0 && angle == static_cast<double>(nearest) * kQuarterTurn)
       return kAtQuarters[static_cast<std::size_t>(nearest + kQuarters)];
   }
   return ParameterAt(angle, radius, radius);

@@ -101,8 +101,9 @@ std::vector<Sample> DistinctKnots(const curve::BSpline& spline) {
 
 /// Adds samples between few knots and drops those that count as equal. The ends stay what they are.
 std::vector<Sample> StartingSamples(const std::vector<Sample>& knots) {
-  const double steps =
-      knots.size() < kManyKnots ? std::round(kSamples / static_cast<double>(knots.size())) : 1;
+  const int steps = knots.size() < kManyKnots
+                        ? static_cast<int>(std::round(kSamples / static_cast<double>(knots.size())))
+                        : 1;
   std::vector<Sample> samples = {knots.front()};
   const auto append = [&samples](const Sample& sample) {
     if (sample.u - samples.back().u >= kParameterTolerance) samples.push_back(sample);
@@ -110,7 +111,7 @@ std::vector<Sample> StartingSamples(const std::vector<Sample>& knots) {
   for (std::size_t i = 1; i < knots.size(); ++i) {
     const double start = knots[i - 1].u;
     const double width = knots[i].u - start;
-    for (double step = 1; step < steps; ++step) append(At(start + width * step / steps));
+    for (int step = 1; step < steps; ++step) append(At(start + width * step / steps));
     if (i + 1 < knots.size()) append(knots[i]);
   }
   if (knots.size() > 1) {

@@ -13,7 +13,7 @@ void AdviseHugePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t
   const auto begin = reinterpret_cast<std::uintptr_t>(memory);
   const std::uintptr_t first = (begin + kHugePageBytes - 1) / kHugePageBytes * kHugePageBytes;
   const std::uintptr_t end = (begin + bytes) / kHugePageBytes * kHugePageBytes;
-  if (first < end) madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+  if (first < end) madvise(static_cast<char*>(memory) + (first - begin), end - first, MADV_HUGEPAGE);
 #endif
 }
 

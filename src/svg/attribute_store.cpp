@@ -10,17 +10,17 @@ namespace {
 /// Tells the usual names apart; others may share a place, which costs them time only.
 std::size_t RecentPlace(std::string_view name) {
   if (name.empty()) return 0;
-  const auto first = static_cast<unsigned char>(name.front());
-  const auto middle = static_cast<unsigned char>(name[name.size() / 2]);
-  const auto last = static_cast<unsigned char>(name.back());
-  return (name.size() * 37U + first * 5U + middle * 11U + last * 3U) % 256U;
+  const std::size_t first = static_cast<unsigned char>(name.front());
+  const std::size_t middle = static_cast<unsigned char>(name[name.size() / 2]);
+  const std::size_t last = static_cast<unsigned char>(name.back());
+  return (name.size() * 37 + first * 5 + middle * 11 + last * 3) % 256;
 }
 
 }  // namespace
 
 AttributeStore::AttributeStore() {
-  names.reserve(2 * kKnownKeyCount);
-  keys.reserve(2 * kKnownKeyCount);
+  names.reserve(2 * kKnownAttributes.size());
+  keys.reserve(2 * kKnownAttributes.size());
   for (const KnownAttribute& known : kKnownAttributes) {
     keys.emplace(known.name, static_cast<AttributeKey>(names.size()));
     names.push_back(known.name);

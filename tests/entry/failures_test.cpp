@@ -32,7 +32,7 @@ int CountResults() {
 
 }  // namespace
 
-bool DispatchFile(CMyDrawLoad& sink, std::string path) {
+bool DispatchFile(CMyDrawLoad& sink, const std::string& path) {
   if (path.find("line") != std::string::npos) AddLine(sink);
   if (path.find("range") != std::string::npos) return path.at(1000) == 'x';
   if (path.find("memory") != std::string::npos) throw std::bad_alloc();
