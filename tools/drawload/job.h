@@ -45,6 +45,7 @@ struct Settings {
   std::int32_t machineType = 0;
   double diameter = 50.0;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): the comparison with 0 is the compiler's
   auto operator<=>(const Settings&) const = default;
 };
 

@@ -42,6 +42,8 @@ std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
 
 }  // namespace
 
+// What escapes here is that there is no memory for the options themselves.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error to tell of, not a reason to die
   CLI::App app(kDescription, "drawload");
