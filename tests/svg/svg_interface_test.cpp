@@ -124,6 +124,23 @@ TEST(FindRange, GivesWhatAScanOverAllRecordsGives) {
   }
 }
 
+TEST(FindRange, TellsManyIdsApart) {
+  std::vector<std::string> ids;
+  for (int i = 0; i < 700; ++i) ids.push_back("id" + std::to_string(i));
+  Svg::SVG_Interface document("");
+  std::mt19937 random(11);
+  for (int i = 0; i < 1500; ++i) {
+    SVG_Element record;
+    record.id = ids[random() % ids.size()];
+    document.AddElement(record);
+  }
+  for (const std::string& id : ids) {
+    const RecordList expected = Scan(document.elements, id);
+    ASSERT_EQ(document.FindRange(id), expected);
+    ASSERT_EQ(document.LookupCost(id), expected.size());
+  }
+}
+
 TEST(FindById, InsertsTheStopsOfALinkedGradientAtTheirPlaces) {
   EXPECT_THAT(Lookup("<svg><linearGradient id='base'><stop id='1'/><stop id='2'/></linearGradient>"
                      "<linearGradient id='g' xlink:href='#base'><stop id='3'/></linearGradient></svg>",
