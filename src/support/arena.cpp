@@ -7,8 +7,8 @@ namespace support {
 namespace {
 
 constexpr std::size_t kLargestOrdinaryChunk = std::size_t{256} << 10;
-constexpr std::size_t kLargestChunk = std::size_t{4}
-                                      << 20;  // what is freed from the start on goes in such steps
+/// What is freed from the start on goes in such steps.
+constexpr std::size_t kLargestChunk = std::size_t{4} << 20;
 
 std::size_t NextChunk(std::size_t bytes) {
   if (bytes < kLargestOrdinaryChunk) return 4 * bytes;
