@@ -1,12 +1,12 @@
 #ifndef DRAWLOAD_DXF_LINE_STREAM_H
 #define DRAWLOAD_DXF_LINE_STREAM_H
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 
+#include "support/byte_words.h"
 #include "support/decimal_digits.h"
 
 /// Lines of a file that stands in memory, with the state that a text input stream would have: clean until a
@@ -68,13 +68,11 @@ class LineStream {
   /// The next line feed, or the end of the bytes. Nearly all lines are a few characters long, so the first
   /// ones are looked at in two words here, without a call.
   const char* lineFeed() const {
-    if constexpr (std::endian::native == std::endian::little) {
-      for (const char* at = next; at != next + 16 && end - at >= 8; at += 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, at, sizeof word);
-        word ^= 0x0A0A0A0A0A0A0A0A;  // the first byte that is zero now was a line feed
-        const std::uint64_t zeros = (word - 0x0101010101010101) & ~word & 0x8080808080808080;
-        if (zeros != 0) return at + std::countr_zero(zeros) / 8;
+    namespace words = support::byte_words;
+    if constexpr (words::kInOrder) {
+      for (const char* at = next; at != next + 16 && end - at >= 8; at += words::kBytes) {
+        const std::uint64_t feeds = words::ZeroBytes(words::WordAt(at, '\n'));
+        if (feeds != 0) return at + words::BytesBefore(feeds);
       }
     }
     const void* const feed = next == end ? nullptr : std::memchr(next, '\n', remaining());

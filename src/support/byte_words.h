@@ -7,7 +7,7 @@
 #include <cstring>
 
 /// Eight characters at a time, in the bytes of a word: one after the other, each is a guess of the processor
-/// where a token ends. A byte is marked by its highest bit.
+/// where a token or a number ends. A byte is marked by its highest bit.
 namespace support::byte_words {
 
 /// Whether the first of the marked bytes can be told from a word.
@@ -27,7 +27,7 @@ constexpr std::uint64_t ZeroBytes(std::uint64_t word) {
   return (word - 0x0101010101010101) & ~word & kHighBits;
 }
 
-/// How many bytes stand before the first marked one.
+/// How many bytes stand before the first marked one; 8 where none is.
 constexpr std::size_t BytesBefore(std::uint64_t marks) {
   return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
 }

@@ -1,31 +1,26 @@
 #ifndef DRAWLOAD_SUPPORT_DECIMAL_DIGITS_H
 #define DRAWLOAD_SUPPORT_DECIMAL_DIGITS_H
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <optional>
+
+#include "support/byte_words.h"
 
 namespace support {
 
-/// Eight characters at a time, in the bytes of a word (little-endian): the lengths of numbers are what a
-/// processor guesses worst. A digit's byte is its value, all other characters have more than 9.
+/// Digits in the words of `byte_words`: a digit's byte is its value, all other characters have more than 9.
 namespace digit_words {
 
 inline constexpr std::uint64_t kPowersOfTen[] = {1,      10,      100,      1000,     10000,
                                                  100000, 1000000, 10000000, 100000000};
 
-inline std::uint64_t WordAt(const char* at) {
-  std::uint64_t word = 0;
-  std::memcpy(&word, at, sizeof word);
-  return word ^ 0x3030303030303030;
-}
+inline std::uint64_t WordAt(const char* at) { return byte_words::WordAt(at, '0'); }
 
 /// How many digits lead `word`.
 inline std::ptrdiff_t LeadingDigits(std::uint64_t word) {
-  const std::uint64_t others = ((word + 0x7676767676767676) | word) & 0x8080808080808080;
-  return std::countr_zero(others) / 8;
+  const std::uint64_t others = ((word + 0x7676767676767676) | word) & byte_words::kHighBits;
+  return static_cast<std::ptrdiff_t>(byte_words::BytesBefore(others));
 }
 
 /// The number that the first `digits` bytes of `word` make.
@@ -48,7 +43,7 @@ struct DecimalDigits {
   /// Takes the digits that stand at `at`, up to `end`, with one point before, among or behind them; returns
   /// where they end. What stands from `begin` to `at` may be looked at as well.
   const char* TakeWithPoint(const char* begin, const char* at, const char* end) {
-    if constexpr (std::endian::native == std::endian::little) {
+    if constexpr (byte_words::kInOrder) {
       if (end - at >= 8) {
         const std::uint64_t word = digit_words::WordAt(at);
         const std::ptrdiff_t whole = digit_words::LeadingDigits(word);
@@ -65,7 +60,7 @@ struct DecimalDigits {
 
   /// The same without a point.
   const char* Take(const char* begin, const char* at, const char* end) {
-    if constexpr (std::endian::native == std::endian::little) {
+    if constexpr (byte_words::kInOrder) {
       while (end - at >= 8) {
         const std::ptrdiff_t taken = TakeOfWord(digit_words::WordAt(at));
         at += taken;
@@ -138,7 +133,7 @@ struct ShortDecimal {
 
   /// Reads the number at `at`. The float is that of `DecimalDigits`.
   explicit ShortDecimal(const char* at) {
-    if constexpr (std::endian::native == std::endian::little) {
+    if constexpr (byte_words::kInOrder) {
       const bool negative = *at == '-';
       at += negative ? 1 : 0;
       const std::ptrdiff_t whole = TakeOfWord(at);
