@@ -103,14 +103,38 @@ TEST(DxfRead, CanBeRepeatedWithOneReader) {
   EXPECT_EQ(sink.calls.size(), 13U);
 }
 
-TEST(DxfRead, LeavesNothingBehindAReset) {
+TEST(DxfRead, FreesItsDocumentAtAReset) {
+  const WrittenDxf file(TagText("0|SECTION|2|BLOCKS|0|BLOCK|2|b|0|LINE|5|1|11|1|0|ENDBLK|0|ENDSEC|0|EOF"));
+  DXF_RW reader;
+  /// Draws the block before and after a reset, where the document is still there.
+  struct ResettingSink : BracketSink {
+    explicit ResettingSink(DXF_RW& resetReader) : reader(resetReader) {}
+    bool EndRead(PARSE::Context context) override {
+      reader.DrawBlock("b", 0);
+      Note("reset", 0);
+      reader.ResetReader();
+      reader.DrawBlock("b", 0);
+      return BracketSink::EndRead(context);
+    }
+    DXF_RW& reader;
+  } sink(reader);
+  reader.sink = &sink;
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  EXPECT_THAT(sink.calls, ElementsAre("BeginRead", "BeginFile", "EndFile", "AddLine", "reset", "EndRead"));
+}
+
+TEST(DxfRead, CanBeResetAtAnyTime) {
+  const WrittenDxf file(TagText(kOneLine));
+  BracketSink sink;
   DXF_RW reader;
   reader.ResetReader();
-  BracketSink sink;
   reader.sink = &sink;
   EXPECT_FALSE(reader.Read("/nonexistent/drawing.dxf", 0));
   reader.ResetReader();
   reader.ResetReader();
+  sink.calls.clear();
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  EXPECT_THAT(sink.calls, ElementsAre("BeginRead", "BeginFile", "AddLine", "EndFile", "EndRead"));
 }
 
 }  // namespace

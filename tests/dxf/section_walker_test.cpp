@@ -81,7 +81,9 @@ TEST(FileWalk, ReadsSectionsInAnyOrderAndAsOftenAsTheyStand) {
       (Kinds{2, 0}));
 }
 
-TEST(FileWalk, EndsWhereTheNameOfASectionIsMissing) { EXPECT_TRUE(WalkedFile("0|SECTION").Model().empty()); }
+TEST(FileWalk, KeepsWhatStandsBeforeASectionThatEndsTheFile) {
+  EXPECT_EQ(WalkedFile(kEntities + kLine + "0|ENDSEC|0|SECTION").Kinds(), (Kinds{2}));
+}
 
 TEST(FileWalk, TakesLinesThatEndInCarriageReturnAndLineFeed) {
   std::string text = TagText(kEntities + kLine + kEnd);
@@ -174,8 +176,12 @@ TEST(TablesWalk, LeavesAnEntryUnaddedWhereTheFileEnds) {
   EXPECT_EQ(walked.Document().layers[0]->name, "a");
 }
 
-TEST(TablesWalk, EndsTheFileWhereTheNameOfATableIsMissing) {
-  EXPECT_TRUE(WalkedFile("0|SECTION|2|TABLES|0|TABLE").opened);
+TEST(TablesWalk, KeepsWhatStandsBeforeATableThatEndsTheFile) {
+  const WalkedFile walked(kEntities + kLine +
+                          "0|ENDSEC|0|SECTION|2|TABLES|0|TABLE|2|LAYER|0|LAYER|2|a|0|ENDTAB|0|TABLE");
+  EXPECT_TRUE(walked.opened);
+  EXPECT_EQ(walked.Document().layers.size(), 1U);
+  EXPECT_EQ(walked.Kinds(), (Kinds{2}));
 }
 
 TEST(TablesWalk, PassesOverATableWithoutAName) {

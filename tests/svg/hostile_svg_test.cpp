@@ -14,12 +14,16 @@ struct GreedySink : PARSE::DrawLoader {
   bool AddPath(ZR_Path* outline, PARSE::Context) override {
     ++paths;
     segments += outline->segments.size();
-    for (const Entity_ZR::Attribute& attribute : outline->attributes) pairs += attribute.pairs.size();
+    for (const Entity_ZR::Attribute& attribute : outline->attributes) {
+      pairs += attribute.pairs.size();
+      stops += attribute.tag == Entity_ZR::kStopAttribute ? 1U : 0U;
+    }
     return true;
   }
   std::size_t paths = 0;
   std::size_t segments = 0;
   std::size_t pairs = 0;
+  std::size_t stops = 0;
 };
 
 std::string Repeated(std::string_view text, std::size_t count) {
@@ -27,6 +31,11 @@ std::string Repeated(std::string_view text, std::size_t count) {
   result.reserve(text.size() * count);
   for (std::size_t i = 0; i < count; ++i) result += text;
   return result;
+}
+
+/// Bytes of attributes that the elements of a document of this length may receive from others.
+std::size_t BytesToReceive(const std::string& text) {
+  return support::limits::kSvgInheritedBase + support::limits::kSvgInheritedPerByte * text.size();
 }
 
 std::unique_ptr<GreedySink> Draw(const std::string& text) {
@@ -71,14 +80,19 @@ TEST(HostileSvg, SharesWhatAGroupHandsOn) {
   const auto sink = Draw(text);
   EXPECT_EQ(sink->paths, 20000U);
   EXPECT_GT(sink->pairs, 400U * 100);
-  EXPECT_LE(sink->pairs * 264,
-            support::limits::kSvgInheritedBase + support::limits::kSvgInheritedPerByte * text.size());
+  EXPECT_LE(sink->pairs * 264, BytesToReceive(text));
 }
 
 TEST(HostileSvg, BoundsWhatNeighbouringDefsAddUp) {
+  // Each of the neighbours stores the attributes of all before it once more, 16 bytes each: those of 5,000
+  // would be 16 · (1 + 2 + ... + 5,000) bytes, some 200 MB.
   std::string text = "<svg><g>";
-  for (int i = 0; i < 20000; ++i) text += "<defs a" + std::to_string(i) + "=''/>";
-  EXPECT_EQ(Draw(text + "<path/></g></svg>")->paths, 1U);
+  for (int i = 0; i < 5000; ++i) text += "<defs a" + std::to_string(i) + "=''/>";
+  text += "<path/></g></svg>";
+  const auto sink = Draw(text);
+  EXPECT_EQ(sink->paths, 1U);
+  EXPECT_LE(8 * sink->pairs * (sink->pairs + 1),
+            support::limits::kSvgHandedOnBase + support::limits::kSvgHandedOnPerByte * text.size());
 }
 
 TEST(HostileSvg, HandsOnNothingWhereGroupsBeforeHandedOnTooMuch) {
@@ -104,27 +118,42 @@ TEST(HostileSvg, BoundsGeometryThatElementsInherit) {
 TEST(HostileSvg, BoundsPropertiesThatRulesGiveToManyElements) {
   std::string sheet = ".a{";
   for (int i = 0; i < 20000; ++i) sheet += "a" + std::to_string(i) + ":b;";
-  EXPECT_EQ(
-      Draw("<svg><style>" + sheet + "}</style>" + Repeated("<path class='a'/>", 5000) + "</svg>")->paths,
-      5000U);
+  const std::string text =
+      "<svg><style>" + sheet + "}</style>" + Repeated("<path class='a'/>", 5000) + "</svg>";
+  const auto sink = Draw(text);
+  EXPECT_EQ(sink->paths, 5000U);
+  // Each path has its class, and those that come first have the 20,000 properties too, 65 bytes each.
+  EXPECT_GT(sink->pairs, 20000U);
+  EXPECT_LE((sink->pairs - 5000) * 65, BytesToReceive(text));
 }
 
 TEST(HostileSvg, BoundsRulesThatActOnManyElements) {
   std::string sheet;
-  for (int i = 0; i < 20000; ++i) sheet += "path.a" + std::to_string(i) + "{:}";
-  EXPECT_EQ(Draw("<svg><style>" + sheet + "</style>" + Repeated("<path/>", 20000) + "</svg>")->paths, 20000U);
+  for (int i = 0; i < 4000; ++i) sheet += "path.a" + std::to_string(i) + "{x:y}";
+  const std::string text = "<svg><style>" + sheet + "</style>" + Repeated("<path/>", 4000) + "</svg>";
+  const auto sink = Draw(text);
+  EXPECT_EQ(sink->paths, 4000U);
+  // All rules give the same property, each anew, 65 bytes; the paths that come first have it.
+  EXPECT_GT(sink->pairs, 0U);
+  EXPECT_LE(sink->pairs * 4000 * 65, BytesToReceive(text));
 }
 
 TEST(HostileSvg, BoundsGradientsOfManyStops) {
   const std::string text = "<svg><linearGradient id='g'>" + Repeated("<stop/>", 5000) + "</linearGradient>" +
                            Repeated("<path fill='url(#g)'/>", 2500) + "</svg>";
-  EXPECT_EQ(Draw(text)->paths, 2500U);
+  const auto sink = Draw(text);
+  EXPECT_EQ(sink->paths, 2500U);
+  EXPECT_GT(sink->stops, 5000U);
+  EXPECT_LE(sink->stops, support::limits::kSvgGradientUnits);
 }
 
-TEST(HostileSvg, LeavesGroupsOpenThatReferencesOpen) {
+TEST(HostileSvg, ClosesTheGroupsThatReferencesOpen) {
   const std::string text =
       "<svg><g id='a'><g id='a'></g></g>" + Repeated("<use xlink:href='#a'/>", 1000) + "<path/></svg>";
-  EXPECT_EQ(Draw(text)->paths, 1U);
+  const SvgDrawing drawing(text);
+  EXPECT_EQ(drawing.Count("BeginGroup"), 2U + 2 * 1000);
+  EXPECT_EQ(drawing.Count("EndGroup"), 2U + 2 * 1000);
+  EXPECT_EQ(drawing.Count("AddPath"), 1U);
 }
 
 TEST(HostileSvg, DrawsWhatStandsBehindABrokenStyleSheet) {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <gmock/gmock.h>
+#include <memory>
 #include <numbers>
 #include <string>
 
@@ -261,8 +262,19 @@ TEST(PathData, ClosesManyTimesInLinearTime) {
   EXPECT_EQ(segments.back(), Line(1, 2));
 }
 
-TEST(PathData, FreesSegmentsThroughItsVirtualDestructor) {
-  static_assert(std::has_virtual_destructor_v<Path>);
+TEST(PathData, DestroysAPathOfAHostThroughAPointerToPath) {
+  bool isDestroyed = false;
+  struct HostPath : Path {
+    explicit HostPath(bool& mark) : destroyed(mark) {}
+    ~HostPath() override { destroyed = true; }
+    bool& destroyed;
+  };
+  std::unique_ptr<Path> path = std::make_unique<HostPath>(isDestroyed);
+  path.reset();
+  EXPECT_TRUE(isDestroyed);
+}
+
+TEST(PathData, ClosesNothingAfterItWasCleared) {
   Path path;
   path.AddMove(1, 2);
   path.Clear();

@@ -1,5 +1,6 @@
 #include "svg/svg_rw.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 #include "svg_drawing.h"
@@ -178,8 +179,16 @@ TEST(SvgPage, IgnoresAWidthOfNothing) {
 
 TEST(SvgPage, ComputesAScaleOfExactlyOneForMillimetreUnits) {
   // Whether a group that only translates is applied depends on this being exact.
-  EXPECT_EQ(RootPage("width='200mm' height='100mm' viewBox='0 0 200 100'").matrix.a,
-            kUnit * ((200.0 * 1.0) / (200.0 * kUnit)));
+  for (const char* const size : {"100", "200", "210", "297", "300"}) {
+    const std::string n = size;
+    EXPECT_EQ(RootPage("width='" + n + "mm' height='50mm' viewBox='0 0 " + n + " 50'").matrix.a, 1.0) << n;
+  }
+}
+
+TEST(SvgPage, MissesAScaleOfOneByRoundingForSomeWidths) {
+  // The quotient 500 / (500 · 0.35277777777777775) is rounded, and so is its product with the unit.
+  EXPECT_EQ(RootPage("width='500mm' height='50mm' viewBox='0 0 500 50'").matrix.a, std::nextafter(1.0, 0.0));
+  EXPECT_EQ(RootPage("width='3mm' height='50mm' viewBox='0 0 3 50'").matrix.a, std::nextafter(1.0, 2.0));
 }
 
 TEST(SvgPage, SplitsTheViewBoxAtBlanksElseAtCommas) {
