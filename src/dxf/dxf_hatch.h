@@ -115,7 +115,6 @@ class DXF_Hatch : public DXF_Point {
   bool parseGradientGroup(std::int32_t code, const dxfReader& reader);
   bool parseSeedGroup(std::int32_t code, const dxfReader& reader);
   void storeCurrentEdge();
-  void storePolyline();
   DXF_HatchPatternLine& lastPatternLine();
 
   /// One instance of each edge record; on the heap and only while the hatch is read, as it is large.

@@ -10,8 +10,8 @@
 #include "entity/matrix2d.h"
 #include "entity/point3.h"
 
-/// Format-independent drawing records, on their way from a reader to the sink. All lengths are the
-/// document's own after its unit conversion, angles are radians.
+/// Format-independent drawing records, on their way from a reader to the sink. Coordinates are the entity's
+/// own; `ZR_Entity::matrix` maps them. Angles are radians unless a member says otherwise.
 namespace Entity_ZR {
 
 /// Which class an entity is, and so which operation of the sink takes it.

@@ -53,7 +53,7 @@ class ZR_Hatch : public ZR_Entity {
   std::int32_t sourceCount = 0;
   std::int32_t hatchStyle = 0;
   std::int32_t patternType = 0;
-  double patternAngle = 0.0;
+  double patternAngle = 0.0;  ///< degrees
   double patternScale = 0.0;
   std::int32_t patternDouble = 0;
   double pixelSize = 0.0;

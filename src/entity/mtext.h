@@ -42,7 +42,7 @@ enum MTextSpacing : std::int32_t {
   kMultipleSpacing = 3,
 };
 
-/// One paragraph. Margins and the indent are lengths of the drawing, the indent in text heights.
+/// One paragraph. Margins are lengths of the drawing; the indent is in text heights.
 struct MTextParagraph {
   std::vector<MTextItem> items;
   std::int32_t alignment = 10;  ///< 10 left, 11 centre, 12 right, 13 justified, 17 distributed

@@ -47,7 +47,7 @@ struct PolylineVertex {
   double spare = 0.0;
   double bulge = 0.0;
   std::int32_t vertexFlags = 0;
-  double tangentAngle = 0.0;
+  double tangentAngle = 0.0;  ///< degrees
   std::int32_t faceIndex[4] = {0, 0, 0, 0};
   std::int32_t identifier = 0;
 

@@ -16,7 +16,7 @@ class ZR_Text : public ZR_Entity {
   std::string fontName;  ///< a family, perhaps with a prefix before a "+" and a style behind a "-"
   std::string bigFontName;
   std::string unit;     ///< unit of the height as its file wrote it
-  double height = 0.0;  ///< millimetres; also the pixel size given to the font engine
+  double height = 0.0;  ///< in the unit of `position`; cut to a whole number, the font engine's pixel size
   double widthScale = 1.0;
   double spare = 1.0;
   std::uint8_t bold = 0;
@@ -24,7 +24,7 @@ class ZR_Text : public ZR_Entity {
   std::uint8_t backward = 0;
   std::uint8_t upsideDown = 0;
   std::uint8_t vertical = 0;
-  double oblique = 0.0;
+  double oblique = 0.0;    ///< degrees
   double rotation = 0.0;   ///< degrees
   std::uint8_t flipY = 0;  ///< non-zero: glyphs are drawn with y negated
   std::int32_t alignment = 10;

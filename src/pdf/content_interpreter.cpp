@@ -36,10 +36,11 @@ bool Holds(std::string_view text, char second) {
   return false;
 }
 
-/// The first colour component, as a colour value.
+/// A component of a color, 0 to 1, as 0 to 255.
 std::int32_t ColorValue(double fraction) { return support::TruncateToI32(fraction * 255.0); }
 
-/// What a line paints, by its first, eighth and last token; nothing where it paints nothing.
+/// The paint mode of a line that ends a path, by its first, eighth and last token; nothing for other lines.
+/// `n` ends a path as well, but its caller paints nothing.
 std::optional<PdfPaintMode> PaintModeOf(const ContentLine& line) {
   if (line.StartsWith('S') || line.StartsWith('s')) return kStroke;
   if (line.count > 7 && line.tokens[7] == "S") return kStroke;

@@ -17,11 +17,12 @@ constexpr std::uint32_t OperatorCode(std::string_view name) {
   return code;
 }
 
-/// One line of a content text, split at its blanks. The operator is the last token, and counts as one.
+/// One line of a content text, split at every blank: two blanks in a row give an empty token, one at the end
+/// of the line gives none. The operator is the last token, and counts as one.
 struct ContentLine {
   static constexpr std::size_t kKeptTokens = 8;
 
-  /// The token at `index`; a line without it ends the whole read.
+  /// The token at `index`, which is below `kKeptTokens`; a line without it ends the whole read.
   std::string_view At(std::size_t index) const {
     if (index >= count || index >= kKeptTokens) throw std::out_of_range("operand of a content line");
     return tokens[index];

@@ -10,7 +10,8 @@ namespace {
 using support::AtoF;
 using support::AtoI;
 
-/// What a function costs beside its text: its record, and the look at all its tokens.
+/// Charged for each read of a function on top of the length of its text: far more than its record takes, as
+/// all its tokens are looked at each time.
 constexpr std::size_t kRecordBytes = 4096;
 
 /// Whether the key at `key` has an array behind it.

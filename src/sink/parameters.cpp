@@ -57,7 +57,7 @@ std::int16_t LowSixteenBits(std::int32_t value) {
   return static_cast<std::int16_t>(static_cast<std::uint32_t>(value));
 }
 
-/// The ten parameters that all three kinds of result convert in the same way.
+/// The nine parameters that all three kinds of result convert in the same way.
 void ApplyCommon(Parameter parameter, std::string_view value, CFileDraw& object) {
   switch (parameter) {
     case Parameter::kCutPower: object.cutPower = AtoF(value); break;

@@ -31,7 +31,9 @@ class ZR_Path;
 
 namespace PARSE {
 
-/// An opaque value that passes unchanged from `Read` to every operation. All callers pass zero.
+/// An opaque value that `Read` passes on to the operations; callers of `Read` pass zero. `BeginRead` and
+/// `EndRead` get zero whatever it is, except that the DXF reader hands `EndRead` the address of the drawing's
+/// `$INSUNITS`, an `std::int32_t`.
 using Context = std::intptr_t;
 
 /// Values of `DrawLoader::fileType`.
@@ -42,7 +44,7 @@ enum FileType : std::int32_t {
   kPdfFile = 3,
 };
 
-/// Size of a page, in millimetres. The sink reads `width` and `height`.
+/// Place and size of a page. The sink reads `width` and `height`, which are in millimetres.
 struct PageRect {
   double x = 0.0;
   double y = 0.0;
@@ -64,11 +66,14 @@ struct MachineInfo {
 };
 
 /// Everything that reads or receives a drawing. A reader overrides `Read` and calls the other operations
-/// on its `sink`; a sink overrides those. All coordinates that pass through are millimetres.
+/// on its `sink`; a sink overrides those. An entity's matrix and that of the innermost group map its
+/// coordinates to millimetres; the numbers of a DXF drawing pass as they are, whatever their unit.
 ///
-/// A reader calls, in this order: `BeginRead`, `BeginFile`, the content, `EndFile`, `EndRead`. Within the
-/// content `SetPage` comes before what stands on the page, and a group is `BeginGroup`, `AddInsert` (which
-/// opens it), its members, `EndGroup`.
+/// A reader calls, in this order: `BeginRead`, `BeginFile`, the content, `EndFile`, `EndRead`. The PDF reader
+/// calls neither `BeginRead` nor `EndRead`, and `EndFile` is the last call for a DXF file that cannot be
+/// opened. Within the content `SetPage` comes before what is on the page (DXF drawings have no pages), and a
+/// group is `BeginGroup`, `AddInsert` (which opens it), its members, `EndGroup`.
+/// Kept: the DXF reader also calls `EndGroup` after each `AddText`.
 ///
 /// An `Add` operation returns whether it used the entity. The entity stays the reader's in both cases.
 class DrawLoader {

@@ -45,7 +45,7 @@ class SVG_Interface {
   /// The same into `lookupResult`. Where the first record is a gradient that links to another element, each
   /// stop of that element is inserted at the place that it has there.
   const RecordList& FindById(std::string_view id);
-  /// How many records a `FindById` goes through, at no cost.
+  /// How many records `FindById` would visit. They are counted once for each id.
   std::size_t LookupCost(std::string_view id);
 
   /// The properties of the rule of `className`, or null.

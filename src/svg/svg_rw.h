@@ -108,7 +108,7 @@ class SVG_RW : public PARSE::DrawLoader {
   std::optional<Svg::MergedAttributes> referencedAttributes;  ///< of a record that another one refers to
   std::optional<Svg::MergedAttributes> styleProperties;       ///< of the record in hand
   std::vector<double> viewBoxNumbers;
-  PARSE::PageRect page;  ///< millimetres
+  PARSE::PageRect page;  ///< width and height in millimetres
   Matrix2D documentMatrix;
   bool hasDocumentMatrix = false;
   bool documentMatrixAbsorbed = false;  ///< `matrixStack` carries `documentMatrix`

@@ -162,6 +162,17 @@ class DocumentsTest(unittest.TestCase):
         there = set(re.findall(r'"(\w+)"', done.stdout.decode()))
         self.assertEqual(self.documented("drawload info") - there - {"null", "files"}, set())
 
+    def test_every_source_file_that_a_document_names_is_there(self):
+        count = 0
+        for page in [*SOURCE.glob("*.md"), *SOURCE.glob("docs/*.md")]:
+            for name in re.findall(r"`(?:\./)?([\w.-]+(?:/[\w.-]+)+\.(?:cpp|h|py|sh|cmake|md|xml))`", page.read_text()):
+                if "NAME" in name:  # stands for any
+                    continue
+                count += 1
+                with self.subTest(page=page.name, name=name):
+                    self.assertTrue(any((SOURCE / base / name).exists() for base in (".", "src", "include/drawload")))
+        self.assertGreater(count, 15)
+
     def test_the_man_pages_are_sound(self):
         for page in ("drawload.1", "libdrawload.3"):
             with self.subTest(page=page):
