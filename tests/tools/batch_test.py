@@ -142,6 +142,73 @@ class BatchTest(unittest.TestCase):
         self.batch(self.here / "x" / "a.dxf", self.here / "y" / "a.dxf", "--to", "svg")
         self.assertEqual(sorted(p.name for p in self.out.glob("*.svg")), ["a.dxf-2.svg", "a.dxf.svg"])
 
+    def test_names_are_numbered_in_the_order_of_the_inputs(self):
+        other = self.here / "other"
+        other.mkdir()
+        for number, folder in enumerate((self.drawings, other)):
+            (folder / "a.dxf").write_text(LINE.replace("30", f"{number + 1}0"))
+        self.batch(other, self.drawings, other / "a.dxf", other / "a.dxf", "--to", "json")
+        lengths = {}
+        for output in self.out.glob("a.dxf*.json"):
+            (curve,) = json.loads(output.read_text())["results"]
+            lengths[output.name] = curve["segments"][0][2]
+        self.assertEqual(lengths, {"a.dxf.json": 20, "a.dxf-2.json": 10, "a.dxf-3.json": 20, "a.dxf-4.json": 20})
+
+    def test_empty_is_what_can_be_opened_and_gives_nothing(self):
+        texts = {"nothing.dxf": EMPTY, "damaged.svg": "<svg", "other.pdf": LINE, "none.pdf": "", "part.txt": LINE,
+                 "endless.svg": "<svg><path stroke='red' d='M0 0L1e999 1'/></svg>"}
+        for name, text in texts.items():
+            (self.here / name).write_text(text)
+        os.mkfifo(self.here / "pipe.dxf")
+        missing = self.here / "missing.dxf"
+        self.batch(*(self.here / name for name in texts), missing, self.here / "pipe.dxf", "--to", "svg")
+        statuses = {name: row["status"] for name, row in self.rows().items()}
+        self.assertEqual(statuses, {**dict.fromkeys(texts, "empty"), "missing.dxf": "failed", "pipe.dxf": "failed"})
+
+    def test_resume_does_not_look_at_what_changed(self):
+        drawing, empty = self.drawings / "a.dxf", self.drawings / "b.dxf"
+        drawing.write_text(LINE)
+        empty.write_text(EMPTY)
+        self.batch(self.drawings, "--to", "json")
+        before = (self.out / "a.dxf.json").read_bytes()
+        drawing.write_text(LINE.replace("30", "40"))
+        empty.write_text(LINE)
+        self.batch(self.drawings, "--to", "json", "--resume", "--force")
+        self.assertEqual((self.out / "a.dxf.json").read_bytes(), before)
+        self.assertEqual(self.rows()["b.dxf"]["status"], "empty")
+        self.batch(self.drawings, "--to", "json", "--force")
+        self.assertNotEqual((self.out / "a.dxf.json").read_bytes(), before)
+        self.assertEqual(self.rows()["b.dxf"]["status"], "ok")
+
+    def test_resume_reads_again_what_has_another_output_or_none(self):
+        for name in ("a.dxf", "b.dxf"):
+            (self.drawings / name).write_text(LINE)
+        self.batch(self.drawings, "--to", "json")
+        (self.out / "a.dxf.json").unlink()
+        lines = self.batch(self.drawings, "--to", "json", "--resume").stdout.decode().splitlines()
+        self.assertEqual([line.split("/")[-1] for line in lines[:-1]], ["a.dxf: ok"])
+        lines = self.batch(self.drawings, "--to", "svg", "--resume").stdout.decode().splitlines()
+        self.assertEqual(len(lines), 3, lines)
+        self.batch(self.drawings / "b.dxf", "--to", "svg", "--resume", "--force")
+        self.assertEqual(set(self.rows()), {"b.dxf"})
+
+    def test_outputs_are_inputs_where_they_are_named(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        self.batch(self.drawings, "--to", "svg")
+        self.assertEqual(self.batch(self.out, "--to", "svg").returncode, 0)
+        self.assertEqual(set(self.rows()), {"a.dxf.svg"})
+        self.assertTrue((self.out / "a.dxf.svg.svg").exists())
+        self.assertEqual(self.batch(self.out / "a.dxf.svg", "--to", "json").returncode, 0)
+        self.assertTrue((self.out / "a.dxf.svg.json").exists())
+
+    def test_outputs_in_another_folder_are_inputs(self):
+        (self.drawings / "a.dxf").write_text(LINE)
+        self.out = self.drawings / "first"
+        self.batch(self.drawings, "--to", "svg")
+        self.out = self.drawings / "second"
+        self.batch(self.drawings, "--to", "svg")
+        self.assertEqual(set(self.rows()), {"a.dxf", "a.dxf.svg"})
+
     def test_names_of_any_bytes_are_kept(self):
         odd = os.fsencode(self.drawings) + b"/caf\xe9 \"q\"\n.dxf"
         with open(odd, "w", encoding="ascii") as file:
