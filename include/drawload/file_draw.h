@@ -18,8 +18,8 @@ enum FileDrawKind : std::uint16_t {
 /// Base of every result object. Hosts read the fields directly, so their order, widths and offsets are the
 /// contract: padding is spelled out and 64-bit floats are aligned to 8 on every platform.
 ///
-/// Lengths are millimetres, y up; angles are radians. There is no virtual destructor: who frees an object
-/// switches on `kind`.
+/// Lengths are millimetres (those of a DXF drawing as they stand in its file), y up; angles are radians.
+/// There is no virtual destructor: who frees an object switches on `kind`.
 class DRAWLOAD_API CFileDraw {
  public:
   CFileDraw();

@@ -6,8 +6,9 @@
         if isinstance(result, drawload.Curve):
             print(result.color, len(result.segments), result.settings.cut_speed)
 
-Coordinates are millimetres, y up. The module stands on the installed library ``libdrawload.so.0``; the environment
-variable ``DRAWLOAD_LIBRARY`` names another file. One load at a time in a process: the library keeps one parse.
+Coordinates are millimetres, y up; those of a DXF drawing come out as they stand in the file. The module stands on the
+installed library ``libdrawload.so.0``; the environment variable ``DRAWLOAD_LIBRARY`` names another file. One load at a
+time in a process: the library keeps one parse.
 """
 
 from ._library import LibraryNotFound

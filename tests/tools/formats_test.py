@@ -97,6 +97,13 @@ class DxfTest(FormatsTest):
                 segments = self.only_curve("dxf", header + dxf("0|LINE|5|1|10|1|20|2|11|3|21|4"))
                 self.check_points(segments, [(1, 2), (3, 4)])
 
+    def test_a_unit_is_a_millimetre_of_svg_whatever_it_is_in_the_drawing(self):
+        inches = "0|SECTION|2|HEADER|9|$INSUNITS|70|1|0|ENDSEC|".replace("|", "\n").encode()
+        file, output = self.folder / "drawing.dxf", self.folder / "drawing.svg"
+        file.write_bytes(inches + dxf("0|LINE|5|1|11|30|21|40"))
+        subprocess.run([PROGRAM, "convert", file, "-o", output], check=True, timeout=60)
+        self.assertIn('width="30mm" height="40mm" viewBox="0 0 30 40"', output.read_text())
+
     def polyline(self, vertices, head=""):
         return dxf(f"0|POLYLINE|5|1|{head}" + "".join(f"0|VERTEX|{vertex}|" for vertex in vertices) + "0|SEQEND")
 

@@ -11,7 +11,8 @@
 namespace {
 
 constexpr char kDescription[] =
-    "Reads DXF, SVG and PDF drawings for laser cutters and engravers, and shows what will be cut.";
+    "Reads DXF, SVG and PDF drawings for laser cutters and engravers, and shows what will be cut.\n"
+    "The numbers of a DXF drawing are taken for millimetres, whatever unit it names.";
 
 constexpr char kExamples[] =
     "Examples:\n"
@@ -62,7 +63,7 @@ int main(int argc, char** argv) {
 
   ConvertOptions convert;
   CLI::App* convertCommand =
-      app.add_subcommand("convert", "Write what will be cut, true to scale: SVG, PNG, JSON or a viewer page");
+      app.add_subcommand("convert", "Write what will be cut: SVG, PNG, JSON or a viewer page");
   convertCommand->add_option("FILE", convert.input, "Drawing to read")->required();
   convertCommand->add_option("-o,--output", convert.output, "File to write: .svg, .png, .html or .json")
       ->required();
