@@ -25,7 +25,7 @@ StatusCode AllocateCurve(std::uint64_t controlPointCount, std::uint32_t dimensio
   if (controlPointCount > kMaxFloats / dimension) return FailOutOfMemory(status);
   const CurveBlock head{degree, dimension, static_cast<std::uint32_t>(controlPointCount),
                         static_cast<std::uint32_t>(knotCount)};
-  void* block = std::malloc(head.BlockSize());
+  void* block = support::CountedMalloc(head.BlockSize());
   if (block == nullptr) return FailOutOfMemory(status);
   std::memcpy(block, &head, sizeof head);
   curve.reset(static_cast<CurveBlock*>(block));

@@ -3,10 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
 #include "curve/status.h"
+#include "support/counted_memory.h"
 
 namespace curve {
 
@@ -36,9 +36,9 @@ struct alignas(double) CurveBlock {
   double DomainEnd() const { return Knots()[controlPointCount]; }
 };
 
-/// Frees what malloc gave.
+/// Frees the block of a curve or net.
 struct FreeBlock {
-  void operator()(void* block) const { std::free(block); }
+  void operator()(void* block) const { support::CountedFree(block); }
 };
 using CurvePointer = std::unique_ptr<CurveBlock, FreeBlock>;
 

@@ -14,7 +14,7 @@ constexpr std::size_t kMaxFloats = std::size_t{std::numeric_limits<std::ptrdiff_
 StatusCode AllocateNet(const NetBlock& head, NetPointer& net, Status* status) {
   const std::size_t pointCount = head.StoredPointCount();
   if (pointCount > kMaxFloats / head.dimension) return FailOutOfMemory(status);
-  void* block = std::malloc(sizeof head + pointCount * head.dimension * sizeof(double));
+  void* block = support::CountedMalloc(sizeof head + pointCount * head.dimension * sizeof(double));
   if (block == nullptr) return FailOutOfMemory(status);
   std::memcpy(block, &head, sizeof head);
   net.reset(static_cast<NetBlock*>(block));

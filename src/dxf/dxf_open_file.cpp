@@ -12,7 +12,7 @@ bool DXF_OpenFile::run(DXF_Interface* target) {
   applyExtrusion = true;
   receiver = target;
   if (receiver == nullptr) return false;
-  const std::optional<support::FileBytes> bytes = support::FileBytes::Read(path);
+  const std::optional<support::FileBytes> bytes = support::FileBytes::ReadDrawing(path);
   if (!bytes) return false;
   LineStream lines(bytes->View());
   reader = std::make_unique<dxfReader>(lines, receiver->document->entityNames);

@@ -26,6 +26,7 @@ std::int32_t DrawLoad_Z7(const char* path) {
   currentSink.reset();
   try {
     currentSink = std::make_unique<CMyDrawLoad>();
+    const support::AccountScope scope(currentSink->account);
     DispatchFile(*currentSink, path == nullptr ? "" : path);
   } catch (...) {
     // What escapes a reader ends the read, and nothing else: the results so far stand.

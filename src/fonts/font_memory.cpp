@@ -6,6 +6,8 @@
 #include <functional>
 #include <new>
 
+#include "support/counted_memory.h"
+
 namespace fonts {
 namespace {
 
@@ -16,9 +18,7 @@ FontMemory& OwnerOf(FT_Memory memory) { return *static_cast<FontMemory*>(memory-
 
 }  // namespace
 
-FontMemory::FontMemory()
-    : allocator{this, Allocate, Free, Reallocate},
-      reserve(std::make_unique_for_overwrite<std::byte[]>(kReserveBytes)) {}
+FontMemory::FontMemory() : allocator{this, Allocate, Free, Reallocate}, reserve(kReserveBytes) {}
 
 void FontMemory::ThrowIfExhausted() const {
   if (isExhausted) throw std::bad_alloc();
@@ -32,24 +32,24 @@ void* FontMemory::TakeFromReserve(std::size_t size) {
   isExhausted = true;
   constexpr std::size_t alignment = alignof(std::max_align_t);
   if (size > kReserveBytes - taken) return nullptr;
-  std::byte* block = reserve.get() + taken;
+  std::byte* block = reserve.data() + taken;
   taken += std::min((size + alignment - 1) / alignment * alignment, kReserveBytes - taken);
   return block;
 }
 
 bool FontMemory::IsInReserve(const void* block) const {
   const std::less<> before;
-  return !before(block, reserve.get()) && before(block, reserve.get() + kReserveBytes);
+  return !before(block, reserve.data()) && before(block, reserve.data() + kReserveBytes);
 }
 
 void* FontMemory::Allocate(FT_Memory memory, long size) {
-  void* block = std::malloc(static_cast<std::size_t>(size));
+  void* block = support::CountedMalloc(static_cast<std::size_t>(size));
   return block != nullptr ? block : OwnerOf(memory).TakeFromReserve(static_cast<std::size_t>(size));
 }
 
 void* FontMemory::Reallocate(FT_Memory memory, long oldSize, long newSize, void* block) {
   if (!OwnerOf(memory).IsInReserve(block)) {
-    void* moved = std::realloc(block, static_cast<std::size_t>(newSize));
+    void* moved = support::CountedRealloc(block, static_cast<std::size_t>(newSize));
     if (moved != nullptr) return moved;
   }
   void* copy = OwnerOf(memory).TakeFromReserve(static_cast<std::size_t>(newSize));
@@ -60,7 +60,7 @@ void* FontMemory::Reallocate(FT_Memory memory, long oldSize, long newSize, void*
 }
 
 void FontMemory::Free(FT_Memory memory, void* block) {
-  if (!OwnerOf(memory).IsInReserve(block)) std::free(block);
+  if (!OwnerOf(memory).IsInReserve(block)) support::CountedFree(block);
 }
 
 }  // namespace fonts

@@ -6,7 +6,7 @@
 #include FT_SYSTEM_H
 
 #include <cstddef>
-#include <memory>
+#include <vector>
 
 namespace fonts {
 
@@ -35,7 +35,7 @@ class FontMemory {
   bool IsInReserve(const void* block) const;
 
   FT_MemoryRec_ allocator;
-  std::unique_ptr<std::byte[]> reserve;
+  std::vector<std::byte> reserve;
   std::size_t taken = 0;
   bool isExhausted = false;
 };

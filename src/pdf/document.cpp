@@ -34,7 +34,7 @@ std::string TextOf(double number) {
 
 bool PdfDocument::Open() {
   PdfNotes().Write(path);
-  std::optional<support::FileBytes> bytes = support::FileBytes::Read(path);
+  std::optional<support::FileBytes> bytes = support::FileBytes::ReadDrawing(path);
   if (!bytes) return false;
   file = std::make_shared<const support::FileBytes>(*std::move(bytes));
   return OpenBytes(file->View());

@@ -45,8 +45,9 @@ class ResultStore {
  private:
   FileSegment& AppendSegment(CFileCurve& curve, FileSegmentType type);
 
-  support::Arena objects;
-  support::Arena nodes;  ///< of lists, by themselves: a walk passes over little memory
+  support::Arena objects{support::MemoryUse::kResults};
+  support::Arena nodes{
+      support::MemoryUse::kResults};  ///< of lists, by themselves: a walk passes over little memory
   std::vector<CFileDib*> dibs;
   CFileCurve* spareCurve = nullptr;
   std::vector<CFileGroup*> spareGroups;

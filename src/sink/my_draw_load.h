@@ -9,6 +9,7 @@
 #include "result/result_store.h"
 #include "sink/coordinate_chain.h"
 #include "sink/reader_interface.h"
+#include "support/account.h"
 #include "support/limits.h"
 
 namespace Entity_ZR {
@@ -74,6 +75,7 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   std::int32_t spareWord = 1;
   std::int32_t textMode = 0;        ///< 1 while the glyph paths of one text arrive
   std::int32_t textLast = 0;        ///< 1 for the text's last path
+  support::Account account;         ///< of the read that fills this
   ResultStore store;                ///< holds all groups and results
   CFileGroup* textGroup = nullptr;  ///< holds the curves of a text at depth 0
   CFileGroup* pathGroup = nullptr;  ///< holds the curves of one path at depth 0

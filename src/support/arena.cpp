@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "support/system_memory.h"
+
 namespace support {
 
 namespace {
@@ -19,7 +21,7 @@ std::size_t NextChunk(std::size_t bytes) {
 
 void Arena::AddChunk(std::size_t leastBytes) {
   const std::size_t bytes = std::max(leastBytes, nextChunkBytes);
-  chunks.push_back({NewLargeBlock(bytes), bytes});
+  chunks.push_back({NewLargeBlock(bytes, use), bytes});
   free = chunks.back().block.get();
   end = free + bytes;
   nextChunkBytes = NextChunk(nextChunkBytes);

@@ -15,7 +15,7 @@ class Arena {
  public:
   static constexpr std::size_t kAlignment = 8;
 
-  Arena() = default;
+  explicit Arena(MemoryUse memoryUse = MemoryUse::kWorking) : use(memoryUse) {}
   Arena(const Arena&) = delete;
   Arena& operator=(const Arena&) = delete;
 
@@ -48,6 +48,7 @@ class Arena {
 
   void AddChunk(std::size_t leastBytes);
 
+  MemoryUse use;
   std::vector<Chunk> chunks;
   std::size_t nextChunkBytes = std::size_t{16} << 10;  ///< chunks grow, soon to whole huge pages
   char* free = nullptr;                                ///< what is left of the last chunk

@@ -11,6 +11,8 @@
 
 namespace support {
 
+class OpenFile;
+
 /// A whole file in memory. It is read, not mapped: a mapped file that shrinks would end the host program.
 class FileBytes {
  public:
@@ -18,9 +20,13 @@ class FileBytes {
   /// (a pipe or a device could block for ever or have no end), or has more than `mostBytes`.
   static std::optional<FileBytes> Read(const std::string& path, std::size_t mostBytes = limits::kFileBytes);
 
+  /// Reads the drawing at `path`, and grants the current read what a drawing of its size may hold and do.
+  static std::optional<FileBytes> ReadDrawing(const std::string& path);
+
   std::string_view View() const { return {bytes.get(), size}; }
 
  private:
+  static std::optional<FileBytes> ReadFrom(const OpenFile& file, std::size_t size);
   FileBytes(LargeBlock contents, std::size_t count) : bytes(std::move(contents)), size(count) {}
 
   LargeBlock bytes;

@@ -1,32 +1,37 @@
 #include "support/large_block.h"
 
-#include <cstdint>
+#include <cstdlib>
 #include <new>
-#if defined(__linux__)
-#include <sys/mman.h>
-#endif
+
+#include "support/system_memory.h"
 
 namespace support {
 
-void AdviseHugePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) {
-#if defined(__linux__)
-  const auto begin = reinterpret_cast<std::uintptr_t>(memory);
-  const std::uintptr_t first = (begin + kHugePageBytes - 1) / kHugePageBytes * kHugePageBytes;
-  const std::uintptr_t end = (begin + bytes) / kHugePageBytes * kHugePageBytes;
-  if (first < end) madvise(static_cast<char*>(memory) + (first - begin), end - first, MADV_HUGEPAGE);
-#endif
-}
+namespace {
+
+bool IsMapped(std::size_t bytes) { return bytes >= kMappedBytes; }
+
+}  // namespace
 
 void LargeBlockDeleter::operator()(char* block) const {
-  ::operator delete (block, std::align_val_t{alignment});
+  if (IsMapped(bytes)) {
+    UnmapMemory(block, bytes);
+  } else {
+    std::free(block);
+  }
+  if (Account* account = Account::Current()) account->Release(bytes, use);
 }
 
-LargeBlock NewLargeBlock(std::size_t bytes) {
-  const bool isLarge = bytes >= kHugePageBytes;
-  const std::size_t alignment = isLarge ? kHugePageBytes : __STDCPP_DEFAULT_NEW_ALIGNMENT__;
-  LargeBlock block(static_cast<char*>(::operator new (bytes, std::align_val_t{alignment})), {alignment});
-  if (isLarge) AdviseHugePages(block.get(), bytes);
-  return block;
+LargeBlock NewLargeBlock(std::size_t bytes, MemoryUse use) {
+  Account* account = Account::Current();
+  if (account != nullptr) account->Hold(bytes, use);
+  // One byte where none is asked for, as malloc may answer null then.
+  void* memory = IsMapped(bytes) ? MapMemory(bytes) : std::malloc(bytes == 0 ? 1 : bytes);
+  if (memory == nullptr) {
+    if (account != nullptr) account->Release(bytes, use);
+    throw std::bad_alloc();
+  }
+  return LargeBlock(static_cast<char*>(memory), {bytes, use});
 }
 
 }  // namespace support

@@ -9,13 +9,26 @@
 /// tells users the same.
 namespace support::limits {
 
-/// Divides the bounds that nothing but patience sets. The fuzzer's build takes some twenty times as long for
-/// the same work, and should not spend its time on it.
+/// Divides what a read may do and hold in the fuzzer's build, which takes some twenty times as long for the
+/// same work and should not spend its time on it.
 #ifdef DRAWLOAD_FUZZING
 constexpr std::size_t kWorkDivisor = 64;
+constexpr std::size_t kHeldDivisor = 4;
 #else
 constexpr std::size_t kWorkDivisor = 1;
+constexpr std::size_t kHeldDivisor = 1;
 #endif
+
+/// What a read may hold in all, results included, and what it may hold that is no result: a base that lets a
+/// small file of much packed data through, and so much for each byte of the file.
+constexpr std::uint64_t kHeldBytes = (std::uint64_t{2} << 30) / kHeldDivisor;
+constexpr std::uint64_t kWorkingBase = (std::uint64_t{256} << 20) / kHeldDivisor;
+constexpr std::uint64_t kWorkingPerByte = 64;
+
+/// What a read may do beyond one pass over its bytes, in units of about a nanosecond: enough for as many
+/// results as may be held, and well below ten seconds for a file of a megabyte.
+constexpr std::uint64_t kWorkBase = (std::uint64_t{1} << 32) / kWorkDivisor;
+constexpr std::uint64_t kWorkPerByte = 1024;
 
 /// Files beyond this length are not read: a hole in a file costs its sender nothing. SVG texts are counted in
 /// 32 bits, and the XML tree of such a file would take some 20 GB.

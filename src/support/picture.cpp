@@ -6,6 +6,7 @@
 #include <limits>
 #include <vector>
 
+#include "support/counted_memory.h"
 #include "support/limits.h"
 
 namespace support {
@@ -15,10 +16,10 @@ namespace {
 thread_local std::size_t blockLimit = 0;
 
 // Zeroed, so that the part of a picture that its file breaks off before comes out the same each time.
-void* AllocateForDecoder(std::size_t size) { return size > blockLimit ? nullptr : std::calloc(1, size); }
+void* AllocateForDecoder(std::size_t size) { return size > blockLimit ? nullptr : CountedCalloc(size); }
 
 void* ReallocateForDecoder(void* block, std::size_t size) {
-  return size > blockLimit ? nullptr : std::realloc(block, size);
+  return size > blockLimit ? nullptr : CountedRealloc(block, size);
 }
 
 // The decoder copies the nothing of an empty data chunk to a block that it does not have yet, which the C
@@ -32,7 +33,7 @@ void* CopyForDecoder(void* to, const void* from, std::size_t size) {
 
 #define STBI_MALLOC(size) support::AllocateForDecoder(size)
 #define STBI_REALLOC(block, size) support::ReallocateForDecoder(block, size)
-#define STBI_FREE(block) std::free(block)
+#define STBI_FREE(block) support::CountedFree(block)
 #define STBI_NO_STDIO
 #define STB_IMAGE_STATIC
 #define STB_IMAGE_IMPLEMENTATION
@@ -186,7 +187,7 @@ Picture DecodePicture(std::string_view file) {
   Picture picture;
   picture.work = size.Pixels() * (1 + scans / limits::kJpegUsualScans);
   blockLimit = BlockLimit(file, size);
-  picture.pixels.reset(DecodePixels(file, size), std::free);
+  picture.pixels.reset(DecodePixels(file, size), CountedFree);
   if (picture.pixels == nullptr) return picture;
   picture.pixelBytes = size.Pixels() * static_cast<std::size_t>(size.channels);
   picture.width = size.width;

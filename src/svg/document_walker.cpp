@@ -58,7 +58,7 @@ SvgDocumentWalker::SvgDocumentWalker(std::string filePath, SVG_Interface& record
       recordLimit(std::numeric_limits<std::size_t>::max()) {}
 
 void SvgDocumentWalker::Load() {
-  owner.file = support::FileBytes::Read(path);
+  owner.file = support::FileBytes::ReadDrawing(path);
   if (!owner.file || !IsWithinXmlBounds(owner.file->View())) return;
   const std::string_view bytes = owner.file->View();
   tinyxml2::XMLDocument document(true, tinyxml2::PRESERVE_WHITESPACE);

@@ -5,7 +5,7 @@
 #include <new>
 #include <zlib.h>
 
-#include "support/large_block.h"
+#include "support/system_memory.h"
 
 namespace pdf {
 
