@@ -75,8 +75,11 @@ bool ScanPercentList(TextCursor& cursor, std::vector<double>& out) {
   cursor.SkipSpace();
   while (StandsAtNumber(cursor)) {
     out.push_back(ScanStarted(cursor));
-    if (cursor.Take('%')) sawPercent = true;
     cursor.SkipSpace();
+    if (cursor.Take('%')) {
+      sawPercent = true;
+      cursor.SkipSpace();
+    }
     if (cursor.Take(',')) cursor.SkipSpace();
   }
   return sawPercent;

@@ -18,7 +18,8 @@ double ScanNumber(TextCursor& cursor);
 /// first character that starts none.
 void ScanNumberList(TextCursor& cursor, std::vector<double>& out);
 
-/// The same with a percent sign allowed behind each number. Returns whether there was any.
+/// The same with a percent sign allowed after each number, with or without white space before it. Returns
+/// whether there was any.
 bool ScanPercentList(TextCursor& cursor, std::vector<double>& out);
 
 }  // namespace Svg

@@ -55,6 +55,11 @@ TEST(ParseColor, ReadsPercents) {
   EXPECT_EQ(ParseColor("rgb(100, 50%, 50%)", ""), kNone);
 }
 
+TEST(ParseColor, AllowsWhiteSpaceBeforeThePercentSign) {
+  EXPECT_EQ(ParseColor("rgb(100 %,0 %,0 %)", ""), Opaque(255, 0, 0));
+  EXPECT_EQ(ParseColor("rgb(0\t\n%, 100  % , 100 %\t)", ""), Opaque(0, 255, 255));
+}
+
 TEST(ParseColor, PacksTheLowByteOfNumbersOutsideTheRange) {
   EXPECT_EQ(ParseColor("rgb(256,-1,300.7)", ""), Opaque(256, -1, 300));
   EXPECT_EQ(ParseColor("rgb(256,-1,300.7)", "").Packed(), 0xFF2CFF00U);

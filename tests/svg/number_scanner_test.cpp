@@ -173,3 +173,19 @@ TEST(ScanPercentList, TellsWhetherAnyPercentSignStood) {
   EXPECT_FALSE(ScanPercentList(plain, numbers));
   EXPECT_THAT(numbers, ElementsAre(10, 20));
 }
+
+TEST(ScanPercentList, AllowsWhiteSpaceOnEitherSideOfThePercentSign) {
+  std::vector<double> numbers;
+  TextCursor percents("10 % , 20\t%30 %)");
+  EXPECT_TRUE(ScanPercentList(percents, numbers));
+  EXPECT_THAT(numbers, ElementsAre(10, 20, 30));
+  EXPECT_TRUE(percents.StandsAt(')'));
+}
+
+TEST(ScanPercentList, EndsAtASecondPercentSign) {
+  std::vector<double> numbers;
+  TextCursor percents("10 % % 20");
+  EXPECT_TRUE(ScanPercentList(percents, numbers));
+  EXPECT_THAT(numbers, ElementsAre(10));
+  EXPECT_TRUE(percents.StandsAt('%'));
+}
