@@ -12,10 +12,11 @@ namespace Entity_ZR {
 class ZR_Spline;
 }
 
-/// The exact shape of a spline without weights, as a chain of Bezier pieces in the plane. Nothing where it
-/// cannot be drawn: its counts disagree with its lists, a number is not finite, the kernel refuses its knots,
-/// or a path has no segment of its degree (only 1 to 3 can be drawn).
-/// Kept: of degree 1 only the first span is taken, whatever follows.
+/// The exact shape of a spline of degree 2 or 3 without weights, as a chain of Bezier pieces in the plane.
+/// Nothing if it cannot be drawn: its control count is not that of its list, it states too many knots, a
+/// number is not finite, or the kernel refuses its knots. Nothing for other degrees, but for 1.
+/// Kept: of degree 1 the first two control points are the result, if there are two and both are finite. No
+/// count, knot or further point is read.
 std::optional<curve::BSpline> SplineToBezier(const Entity_ZR::ZR_Spline& spline);
 
 /// A point of a spline and its parameter.
@@ -26,7 +27,9 @@ struct SplinePoint {
 
 /// A chain of points along a spline with weights, from its start to its end. The curve's point half way
 /// between two neighbours (half way in the parameter) is at most twice `tolerance` off their chord.
-/// Empty where nothing can be drawn of it, as above.
+/// Empty if it cannot be drawn: its control count is not that of its list, its knot count is not degree + 1 +
+/// control count, a weight is missing, a number is not finite, the kernel refuses its knots, or its degree is
+/// beyond limits::kRationalSplineDegree.
 ///
 /// `drawingWork` is what the drawing may still spend on splitting (limits::kDrawingSplitWork at first).
 std::vector<SplinePoint> SplineFlatten(const Entity_ZR::ZR_Spline& spline, double tolerance,

@@ -123,6 +123,19 @@ TEST(AddSpline, ReadsNothingElseOfDegreeOne) {
   EXPECT_EQ(OnlySegments(sink).size(), 1u);
 }
 
+TEST(AddSpline, DrawsTheFirstSpanOfDegreeOneWhateverCountIsStated) {
+  for (const std::int32_t stated : {0, 1, 3, 99, -5, std::numeric_limits<std::int32_t>::max()}) {
+    CMyDrawLoad sink;
+    ZR_Spline spline = SplineOf(1, {{1, 2}, {3, 4}}, {0, 0, 1, 1});
+    spline.controlCount = stated;
+    EXPECT_TRUE(Add(sink, spline)) << stated;
+    const std::vector<FileSegment> segments = OnlySegments(sink);
+    ASSERT_EQ(segments.size(), 1u) << stated;
+    EXPECT_THAT(segments[0].start, IsExactly(1, 2)) << stated;
+    EXPECT_THAT(segments[0].end, IsExactly(3, 4)) << stated;
+  }
+}
+
 TEST(AddSpline, AppliesTheMatrixOfTheSpline) {
   CMyDrawLoad sink;
   ZR_Spline spline = Cubic();
