@@ -2,11 +2,9 @@
 
 #include <new>
 
-#include "support/limits.h"
-
 namespace fonts {
 
-FaceCache::FaceCache() {
+FaceCache::FaceCache(std::size_t keptGlyphBytes) : mostKeptBytes(keptGlyphBytes) {
   FT_Library opened = nullptr;
   if (FT_New_Library(memory.Allocator(), &opened) != 0) throw std::bad_alloc();
   library.reset(opened);
@@ -17,20 +15,19 @@ FaceCache::FaceCache() {
 
 Face* FaceCache::FaceOf(const std::string& file, FT_UInt pixelSize) {
   if (file.empty()) return nullptr;
+  if (KeptBytes() >= mostKeptBytes) faces.clear();
   const auto known = faces.find({file, pixelSize});
   if (known != faces.end()) return known->second.get();
-  DropWhenFull();
+  if (faces.size() >= support::limits::kOpenFaces) faces.clear();
   std::unique_ptr<Face> opened = Face::Open(library.get(), file, pixelSize);
   memory.ThrowIfExhausted();
   return faces.emplace(std::pair(file, pixelSize), std::move(opened)).first->second.get();
 }
 
-void FaceCache::DropWhenFull() {
+std::size_t FaceCache::KeptBytes() const {
   std::size_t keptBytes = 0;
   for (const auto& [key, face] : faces) keptBytes += face == nullptr ? 0 : face->KeptBytes();
-  if (faces.size() >= support::limits::kOpenFaces || keptBytes >= support::limits::kKeptGlyphBytes) {
-    faces.clear();
-  }
+  return keptBytes;
 }
 
 }  // namespace fonts

@@ -12,14 +12,16 @@
 
 #include "fonts/face.h"
 #include "fonts/font_memory.h"
+#include "support/limits.h"
 
 namespace fonts {
 
 /// The faces of one parse, in a font engine of its own.
 class FaceCache {
  public:
-  /// Throws `std::bad_alloc` where there is no memory for the engine.
-  FaceCache();
+  /// Closes all faces once their glyphs take `keptGlyphBytes`. Throws `std::bad_alloc` if there is no memory
+  /// for the engine.
+  explicit FaceCache(std::size_t keptGlyphBytes = support::limits::kKeptGlyphBytes);
 
   /// The face of `file` at `pixelSize`; null where the engine cannot open it. Valid until the next call.
   /// Throws `std::bad_alloc` where there is no memory for it.
@@ -30,8 +32,9 @@ class FaceCache {
     void operator()(FT_Library owned) const { FT_Done_Library(owned); }
   };
 
-  void DropWhenFull();
+  std::size_t KeptBytes() const;
 
+  std::size_t mostKeptBytes;
   FontMemory memory;
   std::unique_ptr<FT_LibraryRec_, LibraryDeleter> library;
   // A face for each size, since font programs may leave marks in a face that outlive a change of its size.

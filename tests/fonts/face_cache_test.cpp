@@ -54,6 +54,43 @@ TEST(FaceCache, ClosesFacesBeyondItsBound) {
   EXPECT_EQ(cache.FaceOf(direct::kSans, support::limits::kOpenFaces)->KeptBytes(), 0u);
 }
 
+TEST(FaceCache, DropsTheGlyphsBeyondItsBoundOfAFaceThatItKnows) {
+  FaceCache measured;
+  Face* face = measured.FaceOf(direct::kSans, 12);
+  ASSERT_NE(face, nullptr);
+  face->GlyphOf('a', {});
+  const std::size_t oneGlyph = face->KeptBytes();
+  face->GlyphOf('b', {});
+  const std::size_t twoGlyphs = face->KeptBytes();
+
+  FaceCache cache(twoGlyphs);
+  cache.FaceOf(direct::kSans, 12)->GlyphOf('a', {});
+  EXPECT_EQ(cache.FaceOf(direct::kSans, 12)->KeptBytes(), oneGlyph);
+  cache.FaceOf(direct::kSans, 12)->GlyphOf('b', {});
+  EXPECT_EQ(cache.FaceOf(direct::kSans, 12)->KeptBytes(), 0u);
+}
+
+TEST(FaceCache, CountsTheGlyphsOfAllItsFaces) {
+  FaceCache measured;
+  ASSERT_NE(measured.FaceOf(direct::kSans, 12), nullptr);
+  measured.FaceOf(direct::kSans, 12)->GlyphOf('a', {});
+
+  FaceCache cache(2 * measured.FaceOf(direct::kSans, 12)->KeptBytes());
+  cache.FaceOf(direct::kSans, 12)->GlyphOf('a', {});
+  cache.FaceOf(direct::kSans, 13)->GlyphOf('a', {});
+  EXPECT_EQ(cache.FaceOf(direct::kSans, 12)->KeptBytes(), 0u);
+}
+
+TEST(FaceCache, KeepsAFullSetOfFacesWhileItKnowsThemAll) {
+  FaceCache cache;
+  for (unsigned size = 1; size <= support::limits::kOpenFaces; ++size) {
+    cache.FaceOf(direct::kSans, size)->GlyphOf('a', {});
+  }
+  for (unsigned size = 1; size <= support::limits::kOpenFaces; ++size) {
+    EXPECT_GT(cache.FaceOf(direct::kSans, size)->KeptBytes(), 0u) << size;
+  }
+}
+
 TEST(FaceCache, DrawsNothingOfAFontOfBitmaps) {
   const std::string path = testing::TempDir() + "drawload_dots_" + std::to_string(getpid()) + ".bdf";
   const BitmapFont font(path);
