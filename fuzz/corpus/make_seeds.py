@@ -119,6 +119,18 @@ def png(width, height, colour_type=0):
             + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
 
 
+def jpeg():
+    """A grey picture of two blocks with a restart between them, in tables of one code each."""
+
+    def segment(marker, data):
+        return bytes((0xFF, marker)) + struct.pack(">H", len(data) + 2) + data
+
+    tables = segment(0xC4, b"\0\1" + bytes(16)) + segment(0xC4, b"\x10\1" + bytes(16))
+    return (b"\xff\xd8" + segment(0xE1, b"note\xff\xda") + segment(0xDB, b"\0" + b"\1" * 64) + segment(0xDD, b"\0\1")
+            + segment(0xC0, b"\x08" + struct.pack(">HH", 8, 16) + b"\1\1\x11\0") + tables
+            + segment(0xDA, b"\1\1\0\0\x3f\0") + b"\x3f\xff\xd0\x3f\xff\xd9")
+
+
 def svg(content, head='width="20mm" height="10mm" viewBox="0 0 200 100"'):
     return (f'<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" {head}>'
             f"{content}</svg>")
@@ -173,6 +185,8 @@ def svg_seeds():
         write("picture", f"png{colour_type}.png", png(3, 2, colour_type))
     write("picture", "grey.pgm", b"P5 3 2 255\nabcdef")
     write("picture", "color.ppm", b"P6 1 2 255\nabcdef")
+    write("picture", "no_width.pgm", b"P5 0 3 255\n")
+    write("picture", "two_blocks.jpg", jpeg() + b"\xff\xc4\xff\xda")
     write("picture", "bitmap.bmp", b"BM" + struct.pack("<IHHIIiiHHIIiiII", 62, 0, 0, 54, 40, 2, 1, 1, 24, 0, 8, 1, 1, 0, 0)
           + b"abcdef\0\0")
     write("picture", "one.gif", b"GIF89a\x01\0\x01\0\x80\0\0\0\0\0\xff\xff\xff,\0\0\0\0\x01\0\x01\0\0\x02\x02D\x01\0;")

@@ -101,9 +101,6 @@ constexpr std::size_t kPngSlackBytes = std::size_t{256} << 10;
 constexpr std::size_t kJpegScans = 100;
 constexpr std::size_t kJpegUsualScans = 16;
 
-/// Segments of Huffman tables of one JPEG picture: four for each scan.
-constexpr std::size_t kJpegTableSegments = 400;
-
 /// Memory for the tables of tiles, of precincts and of code blocks that OpenJPEG makes for one JPEG 2000
 /// picture before it sees any data. Enough for 28,000 tiles of three components, and for blocks of 16 x 16
 /// pixels of the largest picture; a header of a hundred bytes could ask for terabytes.

@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <vector>
 
 #include "support/counted_memory.h"
 #include "support/limits.h"
@@ -53,6 +52,10 @@ struct PictureSize {
   int channels = 0;
 
   std::size_t Pixels() const { return static_cast<std::size_t>(width) * static_cast<std::size_t>(height); }
+  /// What one pass over the picture costs, in pixels. The decoder visits rows without pixels too.
+  std::size_t PassWork() const {
+    return static_cast<std::size_t>(std::max(width, 1)) * static_cast<std::size_t>(std::max(height, 1));
+  }
 };
 
 const unsigned char* BytesOf(std::string_view file) {
@@ -72,17 +75,9 @@ bool IsJpeg(std::string_view file) {
 }
 
 bool IsWithinBounds(std::string_view file, const PictureSize& size) {
-  if (size.width <= 0 || size.height <= 0 || size.Pixels() > limits::kPicturePixels) return false;
+  if (size.width < 0 || size.height < 0 || size.Pixels() > limits::kPicturePixels) return false;
   const std::size_t pixelsPerByte = IsJpeg(file) ? limits::kJpegPixelsPerByte : limits::kPicturePixelsPerByte;
   return size.Pixels() <= limits::kSmallPicturePixels || size.Pixels() / pixelsPerByte <= file.size();
-}
-
-/// The scans of a JPEG file. Every one passes over the whole picture, however few bytes it has.
-std::size_t Scans(std::string_view file) {
-  if (!IsJpeg(file)) return 0;
-  std::size_t scans = 0;
-  for (std::size_t at = file.find("\xFF\xDA"); at != file.npos; at = file.find("\xFF\xDA", at + 2)) ++scans;
-  return scans;
 }
 
 /// The byte at `at`; 0 behind the end, as the decoder reads it.
@@ -111,36 +106,45 @@ bool HasSoundTables(std::string_view file, std::size_t at) {
   return true;
 }
 
-/// Where the segments of Huffman tables may stand in a JPEG file, as places of their lengths: up to the first
-/// scan those that really do, and from there on all that look like one, since how far the decoder reads into
-/// the data of a scan is not known.
-std::vector<std::size_t> TableSegments(std::string_view file) {
+/// Where the data of a scan that begins at `at` ends: at the next marker that is not a restart, since a 0xFF
+/// of the data itself has a 0 after it. The decoder reads on at this marker or fails, whatever the data are.
+std::size_t EndOfScanData(std::string_view file, std::size_t at) {
+  while (at < file.size()) {
+    const std::size_t start = std::min(file.find('\xFF', at), file.size());
+    const std::size_t code = std::min(file.find_first_not_of('\xFF', start), file.size());
+    const std::size_t marker = ByteAt(file, code);
+    const bool isRestart = marker >= 0xD0 && marker <= 0xD7;
+    if (marker != 0 && !isRestart) return start;
+    at = code + 1;
+  }
+  return at;
+}
+
+/// What matters of the segments of a picture file in the JPEG format, of which the decoder sees none after
+/// the end-of-image mark.
+struct JpegSegments {
+  std::size_t scans = 0;  ///< each one passes over the whole picture, however few bytes it has
+  bool hasSoundTables = true;
+};
+
+JpegSegments SegmentsOfJpeg(std::string_view file) {
   constexpr std::size_t tables = 0xC4;
+  constexpr std::size_t endOfImage = 0xD9;
   constexpr std::size_t startOfScan = 0xDA;
-  std::vector<std::size_t> places;
+  JpegSegments found;
   std::size_t at = file.find('\xD8') + 1;
   while (at < file.size()) {
     at = std::min(file.find('\xFF', at), file.size());
     at = std::min(file.find_first_not_of('\xFF', at), file.size());
     const std::size_t marker = ByteAt(file, at++);
-    if (marker == startOfScan) break;
-    if (marker == tables) places.push_back(at);
+    if (marker == endOfImage) break;
+    if (marker == tables && !HasSoundTables(file, at)) found.hasSoundTables = false;
     at += SegmentLength(file, at);
+    if (marker != startOfScan) continue;
+    ++found.scans;
+    at = EndOfScanData(file, at);
   }
-  while (places.size() <= limits::kJpegTableSegments) {
-    at = file.find("\xFF\xC4", at);
-    if (at == file.npos) break;
-    at += 2;
-    places.push_back(at);
-  }
-  return places;
-}
-
-bool HasBrokenTables(std::string_view file) {
-  if (!IsJpeg(file)) return false;
-  const std::vector<std::size_t> places = TableSegments(file);
-  return places.size() > limits::kJpegTableSegments ||
-         !std::all_of(places.begin(), places.end(), [&](std::size_t at) { return HasSoundTables(file, at); });
+  return found;
 }
 
 bool IsPng(std::string_view file) { return file.starts_with("\x89PNG"); }
@@ -180,12 +184,11 @@ unsigned char* DecodePixels(std::string_view file, PictureSize& size) {
 Picture DecodePicture(std::string_view file) {
   PictureSize size;
   if (file.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return {};
-  if (HasBrokenTables(file)) return {};
+  const JpegSegments segments = IsJpeg(file) ? SegmentsOfJpeg(file) : JpegSegments();
+  if (!segments.hasSoundTables || segments.scans > limits::kJpegScans) return {};
   if (!ReadSize(file, size) || !IsWithinBounds(file, size)) return {};
-  const std::size_t scans = Scans(file);
-  if (scans > limits::kJpegScans) return {};
   Picture picture;
-  picture.work = size.Pixels() * (1 + scans / limits::kJpegUsualScans);
+  picture.work = size.PassWork() * (1 + segments.scans / limits::kJpegUsualScans);
   blockLimit = BlockLimit(file, size);
   picture.pixels.reset(DecodePixels(file, size), CountedFree);
   if (picture.pixels == nullptr) return picture;

@@ -43,6 +43,14 @@ TEST(ConvertImage, DecodesTheFileThatItsDefinitionNames) {
   EXPECT_EQ(image->resolutionUnits, 2);
 }
 
+TEST(ConvertImage, HasAPictureOfNoWidth) {
+  const TemporaryFile picture("pgm", "P5 0 1 255\n");
+  const auto image = ReadOne<ZR_Image>(WithPicture(picture.path));
+  EXPECT_NE(image->pixels, nullptr);
+  EXPECT_EQ(image->pixelBytes, 0u);
+  EXPECT_EQ(image->height, 1);
+}
+
 TEST(ConvertImage, TakesAnyLoadedValueButZeroAsLoaded) {
   EXPECT_EQ(ReadOne<ZR_Image>(WithPicture("nowhere.png", "280|7"))->loaded, 1);
   EXPECT_EQ(ReadOne<ZR_Image>(WithPicture("nowhere.png", "280|0"))->loaded, 0);

@@ -110,6 +110,24 @@ TEST_F(SvgAndPdf, AnSvgPictureArrivesAsAPackedGreyBitmap) {
   EXPECT_NEAR(dib->f, 30.0, 1e-9);
 }
 
+TEST_F(SvgAndPdf, ASvgPictureOfNoWidthArrivesAsABitmapWithoutPixels) {
+  // "P5 0 1 255" in Base64.
+  ASSERT_EQ(Load("a.svg", R"(<svg><image href="data:image/pgm;base64,UDUgMCAxIDI1NQo="/></svg>)"), 1);
+  const auto* dib = static_cast<const CFileDib*>(First());
+  ASSERT_NE(dib, nullptr);
+  ASSERT_EQ(dib->kind, kFileDib);
+  const auto* block = static_cast<const std::uint8_t*>(dib->bitmap);
+  std::uint32_t header[6];
+  std::memcpy(header, block, sizeof header);
+  EXPECT_EQ(header[0], 40u);
+  EXPECT_EQ(header[1], 0u);     // width
+  EXPECT_EQ(header[2], 1u);     // height
+  EXPECT_EQ(header[5], 0u);     // bytes of pixels
+  EXPECT_EQ(block[1060], 255);  // the last entry of the palette ends the block
+  EXPECT_EQ(block[1063], 0);
+  EXPECT_EQ(Next(), nullptr);
+}
+
 TEST_F(SvgAndPdf, ADamagedSvgYieldsNothing) {
   EXPECT_EQ(Load("a.svg", R"(<svg width="9" height="9"><circle r="2" stroke="red"/>)"), 0);
 }

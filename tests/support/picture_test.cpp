@@ -150,15 +150,57 @@ TEST(DecodePicture, RefusesAJpegOfManyScans) {
   EXPECT_EQ(DecodePicture(withScans(101)).pixels, nullptr);
 }
 
-TEST(DecodePicture, RefusesAJpegOfManyTables) {
+TEST(DecodePicture, ReadsAJpegOfManyTables) {
   const std::string table = std::string("\xFF\xC4\0\x14\0\x01", 6) + std::string(16, '\0');
-  const auto withTables = [&](int count) {
-    std::string file = JpegHead(8, 8);  // which has two
-    for (int i = 2; i < count; ++i) file += table;
-    return file + kJpegScan + "\xFF\xD9";
-  };
-  EXPECT_NE(DecodePicture(withTables(400)).pixels, nullptr);
-  EXPECT_EQ(DecodePicture(withTables(401)).pixels, nullptr);
+  std::string file = JpegHead(8, 8);
+  for (int i = 0; i < 1000; ++i) file += table;
+  EXPECT_EQ(PixelsOf(DecodePicture(file + kJpegScan + "\xFF\xD9")), std::vector<int>(64, 128));
+}
+
+/// The start of a segment whose Huffman table claims 257 codes, one more than the decoder has room for.
+const std::string kBrokenTables = std::string("\xFF\xC4\x04\x13\0", 5) + std::string(15, '\x10') + '\x11';
+
+/// Whether `file` was refused before the decoder saw its pixels.
+bool IsRefused(const std::string& file) {
+  const Picture picture = DecodePicture(file);
+  return picture.pixels == nullptr && picture.work == 0;
+}
+
+TEST(DecodePicture, ReadsAJpegToItsEndMarkWhateverFollows) {
+  const std::string whole = JpegHead(8, 8) + kJpegScan + "\xFF\xD9";
+  std::string noise;
+  for (std::uint32_t state = 1; noise.size() < 3'000'000; state = state * 1664525 + 1013904223) {
+    noise += static_cast<char>(state >> 24);
+  }
+  std::string scans;
+  for (int i = 0; i < 1000; ++i) scans += "\xFF\xDA";
+  for (const std::string& rest : {noise, scans, kBrokenTables, whole + kBrokenTables}) {
+    const Picture picture = DecodePicture(whole + rest);
+    EXPECT_EQ(PixelsOf(picture), std::vector<int>(64, 128));
+    EXPECT_EQ(picture.work, 64u);
+  }
+}
+
+TEST(DecodePicture, CountsOnlyTheRealScansOfAJpeg) {
+  std::string comment = std::string("\xFF\xFE\x03\xEA", 4);  // 1,000 bytes and two for their number
+  for (int i = 0; i < 500; ++i) comment += "\xFF\xDA";
+  const Picture picture = DecodePicture(JpegHead(8, 8) + comment + kJpegScan + "\xFF\xD9");
+  EXPECT_EQ(PixelsOf(picture), std::vector<int>(64, 128));
+  EXPECT_EQ(picture.work, 64u);
+}
+
+TEST(DecodePicture, FindsJpegTablesAfterAllThatTheDataOfAScanMayHold) {
+  const std::string restartEveryBlock("\xFF\xDD\0\x04\0\x01", 6);
+  const std::string start = JpegHead(8, 16).insert(2, restartEveryBlock) + kJpegScan;
+  const std::string end = "\xFF\xD9";
+  const std::string restart = "\xFF\xD0\x3F";
+  const std::string stuffed = std::string("\xFF\0", 2);
+  ASSERT_EQ(DecodePicture(start + restart + end).height, 16);
+  for (const std::string& data : {restart, "\xFF" + restart, stuffed + restart, restart + stuffed}) {
+    EXPECT_TRUE(IsRefused(start + data + kBrokenTables + end));
+    EXPECT_TRUE(IsRefused(start + data + "\xFF\xFF" + kBrokenTables + end));
+    EXPECT_TRUE(IsRefused(start + data + kJpegScan + kBrokenTables + end));
+  }
 }
 
 TEST(DecodePicture, DoesNotBeginAPictureBeyondTheBoundOfPixels) {
@@ -180,27 +222,46 @@ TEST(DecodePicture, RefusesAJpegOfMorePixelsThanItsBytesCouldHold) {
 }
 
 TEST(DecodePicture, RefusesJpegTablesOfMoreThan256Codes) {
-  const std::string tables = std::string("\xFF\xC4\x04\x13\0", 5) + std::string(16, '\x10');
   const std::string whole = JpegHead(8, 8) + kJpegScan + "\xFF\xD9";
   const auto withTables = [&](const std::string& segment) {
     return whole.substr(0, 2) + segment + whole.substr(2);
   };
-  EXPECT_EQ(DecodePicture(withTables(tables)).pixels, nullptr);
-  EXPECT_EQ(DecodePicture("\xFF\xFF" + withTables(tables)).pixels, nullptr);
-  EXPECT_EQ(DecodePicture(withTables("\xFF" + tables)).pixels, nullptr);
-  EXPECT_EQ(DecodePicture(JpegHead(8, 8) + kJpegScan + tables).pixels, nullptr);
-  EXPECT_EQ(DecodePicture(JpegHead(8, 8) + kJpegScan + tables.substr(0, 20) + "\xFF").pixels, nullptr);
-  EXPECT_EQ(DecodePicture(withTables("\xFF\xE1" + std::string("\0\x17", 2) + tables)).width, 8)
+  EXPECT_TRUE(IsRefused(withTables(kBrokenTables)));
+  EXPECT_TRUE(IsRefused("\xFF\xFF" + withTables(kBrokenTables)));
+  EXPECT_TRUE(IsRefused(withTables("\xFF" + kBrokenTables)));
+  EXPECT_TRUE(IsRefused(JpegHead(8, 8) + kBrokenTables));
+  EXPECT_TRUE(IsRefused(JpegHead(8, 8) + kJpegScan + kBrokenTables));
+  EXPECT_TRUE(IsRefused(JpegHead(8, 8) + kJpegScan + kBrokenTables.substr(0, 20) + "\xFF"));
+  EXPECT_EQ(DecodePicture(withTables("\xFF\xE1" + std::string("\0\x17", 2) + kBrokenTables)).width, 8)
       << "what looks like tables inside another segment does no harm";
 }
 
-TEST(DecodePicture, RefusesPicturesWithoutPixels) {
+TEST(DecodePicture, RefusesPngAndJpegPicturesWithoutPixels) {
   EXPECT_EQ(DecodePicture(Png(0, 0, 0, std::string())).pixels, nullptr);
   EXPECT_EQ(DecodePicture(Png(0, 2, 0, std::string(2, '\0'))).pixels, nullptr);
   EXPECT_EQ(DecodePicture(Png(2, 0, 0, std::string())).pixels, nullptr);
   EXPECT_EQ(DecodePicture(JpegHead(0, 8) + kJpegScan).pixels, nullptr);
   EXPECT_EQ(DecodePicture(JpegHead(8, 0) + kJpegScan).pixels, nullptr);
-  EXPECT_EQ(DecodePicture("P5 0 0 255\n").pixels, nullptr);
+}
+
+TEST(DecodePicture, GivesAPictureOfNoWidthOrNoHeight) {
+  const Picture narrow = DecodePicture("P5 0 1 255\n");
+  EXPECT_NE(narrow.pixels, nullptr);
+  EXPECT_EQ(narrow.pixelBytes, 0u);
+  EXPECT_EQ(narrow.width, 0);
+  EXPECT_EQ(narrow.height, 1);
+  EXPECT_EQ(narrow.channels, 1);
+  const Picture flat = DecodePicture("P6 3 0 255\n");
+  EXPECT_NE(flat.pixels, nullptr);
+  EXPECT_EQ(flat.width, 3);
+  EXPECT_EQ(flat.height, 0);
+  EXPECT_EQ(flat.channels, 3);
+  EXPECT_NE(DecodePicture("P5 0 0 255\n").pixels, nullptr);
+}
+
+TEST(DecodePicture, CountsTheRowsOfAPictureOfNoWidthAsWork) {
+  EXPECT_EQ(DecodePicture("P5 0 5000 255\n").work, 5000u);
+  EXPECT_EQ(DecodePicture("P5 5000 0 255\n").work, 5000u);
 }
 
 TEST(DecodePicture, RefusesSizesThatCannotBe) {
@@ -250,7 +311,11 @@ void ExpectWhole(const Picture& picture) {
   const auto expected = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height) *
                         static_cast<std::size_t>(picture.channels);
   EXPECT_EQ(picture.pixelBytes, expected);
-  EXPECT_EQ(picture.pixels == nullptr, expected == 0);
+  if (picture.pixels == nullptr) {
+    EXPECT_EQ(picture.width, 0);
+    EXPECT_EQ(picture.height, 0);
+    EXPECT_EQ(picture.channels, 0);
+  }
 }
 
 TEST(DecodePicture, SurvivesAnEndAtEveryByte) {

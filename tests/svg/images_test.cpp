@@ -49,6 +49,14 @@ TEST(SvgImage, DecodesADataUrl) {
   EXPECT_THAT(std::vector<int>(image.pixels.get(), image.pixels.get() + 6), ElementsAre(0, 1, 2, 3, 4, 5));
 }
 
+TEST(SvgImage, HasAPictureOfNoWidth) {
+  const ZR_Image image = Image("xlink:href='" + DataUrl(0, 1) + "'");
+  EXPECT_NE(image.pixels, nullptr);
+  EXPECT_EQ(image.width, 0);
+  EXPECT_EQ(image.height, 1);
+  EXPECT_EQ(image.channels, 1);
+}
+
 TEST(SvgImage, DecodesBase64WithLineBreaks) {
   std::string url = DataUrl(3, 2);
   url.insert(url.size() - 5, "\n  ");
