@@ -61,8 +61,7 @@ void DXF_Conversion::fillCommon(const DXF_Entity& record, Entity_ZR::ZR_Entity& 
   entity.color = ColorOf(record, look.color);
   if (const DXF_LType* lineType = lineTypeOf(record, look)) {
     const std::size_t count = std::min(lineType->path.size(), support::limits::kLineTypeDashes);
-    entity.dashes.insert(entity.dashes.end(), lineType->path.begin(),
-                         lineType->path.begin() + static_cast<std::ptrdiff_t>(count));
+    entity.dashes.insert(entity.dashes.end(), lineType->path.begin(), lineType->path.begin() + count);
   }
   entity.origin = origin;
 }

@@ -21,7 +21,7 @@ using DXF_Coord = Entity_ZR::Point3;
 template <typename Value>
 using DXF_List = std::vector<Value, support::ArenaAllocator<Value>>;
 
-/// Extended data of an entity or a table entry, in the order of the file. Copies of a record share it.
+/// Extended data of an entity, in the order of the file. Copies of a record share it.
 using DXF_ExtData = std::vector<std::shared_ptr<DXF_Variant>>;
 
 /// Values of `DXF_Entity::kind`.

@@ -6,8 +6,8 @@
 #include <unordered_set>
 #include <utility>
 
-/// The names that entities take from the rest of their file: a few, stated again and again. Each is kept
-/// once, for the records to point at.
+/// The names that entities and table entries state: a few, again and again. Each is kept once, for the
+/// records to point at.
 class DXF_Names {
  public:
   /// The kept name of these bytes; it lives as long as the names.

@@ -15,7 +15,7 @@ bool DXF_OpenFile::run(DXF_Interface* target) {
   const std::optional<support::FileBytes> bytes = support::FileBytes::ReadDrawing(path);
   if (!bytes) return false;
   LineStream lines(bytes->View());
-  reader = std::make_unique<dxfReader>(lines, receiver->document->entityNames);
+  reader = std::make_unique<dxfReader>(lines, receiver->document->names);
   walkFile();
   reader.reset();
   return true;

@@ -6,7 +6,7 @@
 
 void DXF_TableEntry::parseGroup(std::int32_t code, const dxfReader& reader) {
   switch (code) {
-    case 2: name = reader.text(); break;
+    case 2: name = reader.name(); break;
     case 5: handle = reader.handleFromText(); break;
     case 70: flags = reader.intValue; break;
     case 330: ownerHandle = reader.handleFromText(); break;
@@ -15,33 +15,31 @@ void DXF_TableEntry::parseGroup(std::int32_t code, const dxfReader& reader) {
 }
 
 void DXF_LType::parseGroup(std::int32_t code, const dxfReader& reader) {
-  constexpr std::size_t kLinesPerDash = 2;
   switch (code) {
-    case 3: description = reader.text(); break;
+    case 3: description = reader.name(); break;
     case 40: patternLength = reader.realValue; break;
-    case 49: path.push_back(reader.realValue); break;
-    case 73:
-      patternCount = reader.intValue;
-      path.reserve(reader.reservable(patternCount, kLinesPerDash));
+    case 49:
+      path.push_back(reader.realValue);
+      pathLength += std::fabs(reader.realValue);
       break;
+    case 73: patternCount = reader.intValue; break;
     default: DXF_TableEntry::parseGroup(code, reader); break;
   }
 }
 
 void DXF_LType::finish() {
   patternCount = static_cast<std::int32_t>(path.size());
-  patternLength = 0.0;
-  for (const double dash : path) patternLength += std::fabs(dash);
+  patternLength = pathLength;
 }
 
 void DXF_Layer::parseGroup(std::int32_t code, const dxfReader& reader) {
   switch (code) {
-    case 6: lineType = reader.text(); break;
+    case 6: lineType = reader.name(); break;
     case 62: color = reader.intValue; break;
     case 290: plot = reader.intValue != 0; break;
-    case 347: handleMaterial = reader.text(); break;
+    case 347: handleMaterial = reader.name(); break;
     case 370: lineWeight = LineWeightClass(reader.intValue); break;
-    case 390: handlePlotStyle = reader.text(); break;
+    case 390: handlePlotStyle = reader.name(); break;
     case 420: color24 = reader.intValue; break;
     default: DXF_TableEntry::parseGroup(code, reader); break;
   }
@@ -49,15 +47,15 @@ void DXF_Layer::parseGroup(std::int32_t code, const dxfReader& reader) {
 
 void DXF_TextStyle::parseGroup(std::int32_t code, const dxfReader& reader) {
   switch (code) {
-    case 3: font = reader.text(); break;
-    case 4: bigFont = reader.text(); break;
+    case 3: font = reader.name(); break;
+    case 4: bigFont = reader.name(); break;
     case 40: height = reader.realValue; break;
     case 41: widthScale = reader.realValue; break;
     case 42: lastHeight = reader.realValue; break;
     case 50: oblique = reader.realValue; break;
     case 71: generationFlags = reader.intValue; break;
-    case 1000: extText = reader.text(); break;
-    case 1001: extApp = reader.text(); break;
+    case 1000: extText = reader.name(); break;
+    case 1001: extApp = reader.name(); break;
     case 1071: fontFamily = reader.intValue; break;
     default: DXF_TableEntry::parseGroup(code, reader); break;
   }

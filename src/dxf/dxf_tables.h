@@ -1,10 +1,13 @@
 #ifndef DRAWLOAD_DXF_DXF_TABLES_H
 #define DRAWLOAD_DXF_DXF_TABLES_H
 
-#include <string>
-#include <vector>
+#include <memory>
+#include <string_view>
 
-#include "dxf/dxf_entity.h"
+#include "dxf/dxf_shared_list.h"
+#include "dxf/dxf_variant.h"
+
+class dxfReader;
 
 /// Values of `DXF_TableEntry::kind`.
 enum DXF_TableKind : std::int32_t {
@@ -16,7 +19,8 @@ enum DXF_TableKind : std::int32_t {
 };
 
 /// What every entry of a table states. As with entities, `parseGroup` of a class hands what it does not take
-/// to its base.
+/// to its base. Texts lie in the document and lists are shared, so that a copy costs little: an entry is
+/// stored again for each further name that it gets.
 class DXF_TableEntry {
  public:
   void parseGroup(std::int32_t code, const dxfReader& reader);
@@ -24,9 +28,9 @@ class DXF_TableEntry {
   std::int32_t kind = kDxfNoTable;
   std::uint32_t handle = 0;
   std::uint32_t ownerHandle = 0;
-  std::string name;
+  std::string_view name;
   std::int32_t flags = 0;
-  DXF_ExtData extData;
+  DXF_SharedList<std::shared_ptr<DXF_Variant>> extData;
 
  protected:
   DXF_TableEntry() = default;
@@ -53,10 +57,11 @@ class DXF_LType : public DXF_TableEntry {
   /// Replaces the stated count and length by those of `path`.
   void finish();
 
-  std::string description;
+  std::string_view description;
   std::int32_t patternCount = 0;
   double patternLength = 0.0;
-  std::vector<double> path;  ///< dashes above 0, gaps below
+  DXF_SharedList<double> path;  ///< dashes above 0, gaps below
+  double pathLength = 0.0;      ///< of all of `path`
 };
 
 class DXF_Layer : public DXF_TableEntry {
@@ -65,13 +70,13 @@ class DXF_Layer : public DXF_TableEntry {
 
   void parseGroup(std::int32_t code, const dxfReader& reader);
 
-  std::string lineType = "CONTINUOUS";
+  std::string_view lineType = "CONTINUOUS";
   std::int32_t color = 7;  ///< negative where the layer is off
   std::int32_t color24 = -1;
   bool plot = true;
   std::int32_t lineWeight = 31;  ///< class index, see LineWeightClass
-  std::string handlePlotStyle;
-  std::string handleMaterial;
+  std::string_view handlePlotStyle;
+  std::string_view handleMaterial;
 };
 
 class DXF_TextStyle : public DXF_TableEntry {
@@ -85,11 +90,11 @@ class DXF_TextStyle : public DXF_TableEntry {
   double oblique = 0.0;  ///< degrees
   std::int32_t generationFlags = 0;
   double lastHeight = 1.0;
-  std::string font = "txt";
-  std::string bigFont;
+  std::string_view font = "txt";
+  std::string_view bigFont;
   std::int32_t fontFamily = 0;
-  std::string extText;
-  std::string extApp;
+  std::string_view extText;
+  std::string_view extApp;
 };
 
 /// Read and dropped.

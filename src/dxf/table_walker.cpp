@@ -1,5 +1,4 @@
 #include "dxf/dxf_open_file.h"
-#include "support/limits.h"
 
 namespace {
 
@@ -36,22 +35,26 @@ template <typename Record>
 void DXF_OpenFile::readTable(std::string_view entry, void (DXF_Interface::*add)(const Record&)) {
   Record record;
   bool open = false;
-  int repeats = 0;
+  bool isStored = false;
+  std::string_view storedName;
   std::int32_t code = 0;
   while (reader->nextGroup(code)) {
     if (code != 0) {
       if (open) record.parseGroup(code, *reader);
       continue;
     }
-    if (open && repeats++ <= support::limits::kDxfEntryRepeats) {
+    // A look-up finds the first of a name, so one that did not change needs no other copy.
+    if (open && !(isStored && record.name == storedName)) {
       Finish(record);
       (receiver->*add)(record);
+      isStored = true;
+      storedName = record.name;
     }
     const std::string name = reader->text();
     if (name == "ENDTAB") return;
     if (name != entry) continue;  // Kept: an entry that is open stays open and is added once more.
     record = Record();
     open = true;
-    repeats = 0;
+    isStored = false;
   }
 }

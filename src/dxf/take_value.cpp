@@ -1,18 +1,26 @@
 #include "dxf/take_value.h"
 
+#include "dxf/dxf_tables.h"
+
 namespace {
 
-DXF_Variant& Append(DXF_ExtData& data) { return *data.emplace_back(std::make_shared<DXF_Variant>()); }
+template <typename List>
+DXF_Variant& Append(List& data) {
+  data.push_back(std::make_shared<DXF_Variant>());
+  return *data.back();
+}
 
 /// The coordinate that a y or z goes to; null where there is none.
-DXF_Variant* LastCoordinate(const DXF_ExtData& data) {
+template <typename List>
+DXF_Variant* LastCoordinate(const List& data) {
   const bool there = !data.empty() && data.back()->type == DXF_Variant::kCoordinate;
   return there ? data.back().get() : nullptr;
 }
 
 }  // namespace
 
-bool TakeExtData(std::int32_t code, const dxfReader& reader, DXF_ExtData& data) {
+template <typename List>
+bool TakeExtData(std::int32_t code, const dxfReader& reader, List& data) {
   if (code >= 1000 && code <= 1005) {
     Append(data).setText(code, reader.text());
   } else if (code >= 1010 && code <= 1013) {
@@ -30,3 +38,7 @@ bool TakeExtData(std::int32_t code, const dxfReader& reader, DXF_ExtData& data) 
   }
   return true;
 }
+
+template bool TakeExtData(std::int32_t code, const dxfReader& reader, DXF_ExtData& data);
+template bool TakeExtData(std::int32_t code, const dxfReader& reader,
+                          decltype(DXF_TableEntry::extData)& data);

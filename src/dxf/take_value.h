@@ -35,8 +35,10 @@ bool TakeListedCoord(std::int32_t code, std::int32_t xCode, const dxfReader& rea
 /// Whether groups of this code may be extended data.
 inline bool IsExtDataCode(std::int32_t code) { return code >= 1000 && code <= 1071; }
 
-/// Takes a group of extended data (1000 to 1071). False for any other code.
-bool TakeExtData(std::int32_t code, const dxfReader& reader, DXF_ExtData& data);
+/// Takes a group of extended data (1000 to 1071). False for any other code. For lists of entities and of
+/// table entries.
+template <typename List>
+bool TakeExtData(std::int32_t code, const dxfReader& reader, List& data);
 
 /// The format states angles in degrees; the records that say so hold radians.
 inline double RadiansFrom(double degrees) { return degrees / 57.29577951308232; }

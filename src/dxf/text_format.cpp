@@ -9,11 +9,13 @@ namespace {
 
 constexpr std::int32_t kVerticalStyle = 4;
 
-std::string CutName(const std::string& name) { return name.substr(0, support::limits::kStyleFontNameBytes); }
+std::string CutName(std::string_view name) {
+  return std::string(name.substr(0, support::limits::kStyleFontNameBytes));
+}
 
 /// The font of a style that a program has written extended data to stands there, unless that says something
 /// else.
-const std::string& FontOf(const DXF_TextStyle& style) {
+std::string_view FontOf(const DXF_TextStyle& style) {
   return style.extApp == "ACAD" && style.extText != "AnnotativeData" ? style.extText : style.font;
 }
 

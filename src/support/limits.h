@@ -45,10 +45,6 @@ constexpr std::size_t kReservedByCount = 4096;
 /// only the piece itself is. Real texts have one; each costs a pass over the text so far.
 constexpr int kDxfTextRedecodings = 16;
 
-/// Times that an open DXF table entry is stored once more because a foreign name stands in its table. Each
-/// time costs a copy of the entry, and no look-up finds a copy whose name did not change.
-constexpr int kDxfEntryRepeats = 16;
-
 /// Entities that the expansion of DXF blocks may make, in units: four for an entity and one for each of its
 /// points and quarter turns. A small file of blocks in blocks can ask for any number; this base is two
 /// million lines or a million circles, and each unit that the file itself holds adds to it. One outermost

@@ -5,7 +5,7 @@
 
 namespace {
 
-DXF_Layer Layer(const std::string& name, std::int32_t color) {
+DXF_Layer Layer(std::string_view name, std::int32_t color) {
   DXF_Layer layer;
   layer.name = name;
   layer.color = color;

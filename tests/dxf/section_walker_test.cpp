@@ -156,18 +156,69 @@ TEST(TablesWalk, IgnoresTheHeadOfATable) {
   EXPECT_EQ(walked.Document().layers[0]->flags, 0);
 }
 
-TEST(TablesWalk, AddsAnOpenEntryOnceMoreBehindAForeignName) {
-  const WalkedFile walked = WalkedTables("0|TABLE|2|LAYER|0|X|62|9|0|LAYER|2|a|62|1|0|X|62|2|0|ENDTAB|");
-  ASSERT_EQ(walked.Document().layers.size(), 2U);
-  EXPECT_EQ(walked.Document().layers[0]->color, 1);
-  EXPECT_EQ(walked.Document().layers[1]->name, "a");
-  EXPECT_EQ(walked.Document().layers[1]->color, 2);
+TEST(TablesWalk, AddsAnOpenEntryOnceMoreUnderTheNameThatItGetsAfterAForeignName) {
+  const WalkedFile walked =
+      WalkedTables("0|TABLE|2|LAYER|0|X|62|9|0|LAYER|2|a|62|1|6|DASHED|0|X|2|b|62|2|0|ENDTAB|");
+  const DXF_Document& document = walked.Document();
+  ASSERT_EQ(document.layers.size(), 2U);
+  EXPECT_EQ(document.findLayer("a")->color, 1);
+  EXPECT_EQ(document.findLayer("a")->lineType, "DASHED");
+  EXPECT_EQ(document.findLayer("b")->color, 2);
+  EXPECT_EQ(document.findLayer("b")->lineType, "DASHED");
 }
 
-TEST(TablesWalk, StopsAddingAnEntryThatIsRepeatedWithoutEnd) {
-  std::string table = "0|TABLE|2|LAYER|0|LAYER|2|a|";
-  for (int i = 0; i < 1000; ++i) table += "0|X|";
-  EXPECT_EQ(WalkedTables(table + "0|ENDTAB|").Document().layers.size(), 17U);
+TEST(TablesWalk, FindsAnOpenEntryUnderEachOfItsNames) {
+  std::string table = "0|TABLE|2|LAYER|0|LAYER|2|first|62|99|";
+  for (int i = 0; i < 100; ++i) table += "0|X|2|layer" + std::to_string(i) + "|62|" + std::to_string(i) + "|";
+  const WalkedFile walked = WalkedTables(table + "0|ENDTAB|");
+  EXPECT_EQ(walked.Document().findLayer("first")->color, 99);
+  for (int i = 0; i < 100; ++i) {
+    const DXF_Layer* layer = walked.Document().findLayer("layer" + std::to_string(i));
+    ASSERT_NE(layer, nullptr) << i;
+    EXPECT_EQ(layer->color, i);
+  }
+}
+
+TEST(TablesWalk, FindsOpenLineTypesAndTextStylesUnderEachOfTheirNames) {
+  const WalkedFile walked = WalkedTables(
+      "0|TABLE|2|LTYPE|0|LTYPE|2|A|49|1|0|X|2|B|49|-2|0|X|2|C|49|4|0|ENDTAB|"
+      "0|TABLE|2|STYLE|0|STYLE|2|A|40|1|0|X|2|B|40|2|0|ENDTAB|");
+  const DXF_Document& document = walked.Document();
+  EXPECT_EQ(document.findLineType("A")->path.size(), 1U);
+  EXPECT_EQ(document.findLineType("A")->patternLength, 1.0);
+  EXPECT_EQ(document.findLineType("B")->path.size(), 2U);
+  EXPECT_EQ(document.findLineType("B")->path[1], -2.0);
+  EXPECT_EQ(document.findLineType("B")->patternLength, 3.0);
+  EXPECT_EQ(document.findLineType("C")->patternCount, 3);
+  EXPECT_EQ(document.findLineType("C")->patternLength, 7.0);
+  EXPECT_EQ(document.findTextStyle("a")->height, 1.0);
+  EXPECT_EQ(document.findTextStyle("b")->height, 2.0);
+}
+
+// A look-up finds the first of a name.
+TEST(TablesWalk, AddsAnOpenEntryOnceForEachNameInTurn) {
+  std::string table = "0|TABLE|2|LAYER|0|LAYER|2|a|62|1|";
+  for (int i = 0; i < 1000; ++i) table += "0|X|62|2|";
+  const WalkedFile walked = WalkedTables(table + "0|LAYER|2|b|0|LAYER|2|b|0|ENDTAB|");
+  ASSERT_EQ(walked.Document().layers.size(), 3U);
+  EXPECT_EQ(walked.Document().layers[0]->color, 1);
+}
+
+// Copies of these lists and texts would be 36 GB.
+TEST(TablesWalk, SharesTheContentOfAnEntryAmongItsNames) {
+  std::string table = "0|TABLE|2|LTYPE|0|LTYPE|3|" + std::string(1'000'000, 'x') + "|";
+  for (int i = 0; i < 100'000; ++i) table += "49|1|";
+  for (int i = 0; i < 20'000; ++i) table += "0|X|2|n" + std::to_string(i) + "|49|2|";
+  const WalkedFile walked = WalkedTables(table + "0|ENDTAB|");
+  const DXF_LType* first = walked.Document().findLineType("n0");
+  const DXF_LType* last = walked.Document().findLineType("n19999");
+  ASSERT_NE(first, nullptr);
+  ASSERT_NE(last, nullptr);
+  EXPECT_EQ(first->path.size(), 100'001U);
+  EXPECT_EQ(last->path.size(), 120'000U);
+  EXPECT_EQ(last->patternLength, 100'000.0 + 2 * 20'000.0);
+  EXPECT_EQ(first->path.begin(), last->path.begin());
+  EXPECT_EQ(first->description.data(), last->description.data());
 }
 
 TEST(TablesWalk, LeavesAnEntryUnaddedWhereTheFileEnds) {

@@ -29,7 +29,7 @@ TEST(LineTypeRecord, TakesItsGroups) {
   EXPECT_EQ(record.description, "__ __");
   EXPECT_EQ(record.patternCount, 2);
   EXPECT_EQ(record.patternLength, 0.75);
-  EXPECT_EQ(record.path, (std::vector<double>{0.5, -0.25}));
+  EXPECT_EQ(std::vector(record.path.begin(), record.path.end()), (std::vector<double>{0.5, -0.25}));
 }
 
 TEST(LineTypeRecord, CountsAndMeasuresItsPatternAtTheEnd) {
@@ -39,8 +39,26 @@ TEST(LineTypeRecord, CountsAndMeasuresItsPatternAtTheEnd) {
   EXPECT_EQ(record.patternLength, 0.75);
 }
 
-TEST(LineTypeRecord, TakesNoRoomForALyingCount) {
-  EXPECT_LE(Parsed<DXF_LType>("73|2000000000|49|1").path.capacity(), 16U);
+TEST(SharedList, GrowsWithoutChangingItsCopies) {
+  DXF_SharedList<int> list;
+  EXPECT_TRUE(list.empty());
+  list.push_back(1);
+  DXF_SharedList<int> copy = list;
+  list.push_back(2);
+  copy.push_back(3);
+  copy.push_back(4);
+  EXPECT_EQ(std::vector(list.begin(), list.end()), (std::vector<int>{1, 2}));
+  EXPECT_EQ(std::vector(copy.begin(), copy.end()), (std::vector<int>{1, 3, 4}));
+  EXPECT_EQ(copy.back(), 4);
+}
+
+TEST(SharedList, SharesItsValuesWithItsCopies) {
+  DXF_SharedList<int> list;
+  list.push_back(1);
+  const DXF_SharedList<int> copy = list;
+  list.push_back(2);
+  EXPECT_EQ(copy.size(), 1U);
+  EXPECT_EQ(copy.begin(), list.begin());
 }
 
 TEST(LayerRecord, HasItsDefaults) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-DXF_TextStyle StyleWithFont(const char* font) {
+DXF_TextStyle StyleWithFont(std::string_view font) {
   DXF_TextStyle style;
   style.font = font;
   return style;
@@ -107,7 +107,8 @@ TEST(TextFormat, IsVerticalByTheStylesFlagOfTheValueFour) {
 }
 
 TEST(TextFormat, CutsFontNamesThatAreNoNames) {
-  DXF_TextStyle style = StyleWithFont(std::string(support::limits::kStyleFontNameBytes + 1, 'a').c_str());
+  const std::string longName(support::limits::kStyleFontNameBytes + 1, 'a');
+  DXF_TextStyle style = StyleWithFont(longName);
   style.bigFont = style.font;
   EXPECT_EQ(TextFormatOf(&style).fontName.size(), support::limits::kStyleFontNameBytes);
   EXPECT_EQ(TextFormatOf(&style).bigFontName.size(), support::limits::kStyleFontNameBytes);
