@@ -9,7 +9,8 @@
 namespace pdf {
 
 /// Counts the bytes that a read takes from the file, decodes and rewrites, so that a file whose parts refer
-/// to each other over and over costs time and memory in proportion to its size.
+/// to each other over and over costs no more than a fixed amount of time and memory and a share that grows
+/// with its size.
 class PdfWorkBudget {
  public:
   explicit PdfWorkBudget(std::size_t fileSize)

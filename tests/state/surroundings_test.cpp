@@ -25,6 +25,7 @@ class Surroundings : public ScratchFolder {
     testing::internal::CaptureStdout();
     expected = result_dump::OfFile(kPdf);
     testing::internal::GetCapturedStdout();
+    EXPECT_NE(expected, "");
   }
 
   /// Empty where the drawing comes out as it does elsewhere.
