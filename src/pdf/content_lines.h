@@ -9,10 +9,11 @@
 
 namespace pdf {
 
-/// An operator's name as a number, so that it can stand in a switch. Longer names are no operators: 0.
+/// An operator's name as a number, so that it can stand in a switch. The length stands above the characters,
+/// so that no two names share a number, not even by NUL bytes. Longer names are no operators: 0.
 constexpr std::uint32_t OperatorCode(std::string_view name) {
   if (name.size() > 3) return 0;
-  std::uint32_t code = 0;
+  auto code = static_cast<std::uint32_t>(name.size());
   for (const char c : name) code = code * 256 + static_cast<unsigned char>(c);
   return code;
 }

@@ -12,6 +12,7 @@ namespace {
 using pdf::PdfColor;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using namespace std::string_literals;
 
 constexpr char kLine[] = "0 0 m\n1 1 l\nS\n";
 
@@ -219,6 +220,45 @@ TEST(ContentCascade, AClipThatEndsABlockIsTakenByTheNextTest) {
 TEST(ContentCascade, AnEndOfPathGoesOnWithTheNextLine) {
   // Outside a block "S n" is an end of path before it is a stroke.
   EXPECT_EQ(Interpret().Run("0 0 1 1 re\nS n\n").Count(), 0U);
+}
+
+// Operators are whole tokens.
+
+TEST(ContentOperator, AfterANulByteTakesNoOperands) {
+  for (const auto& line : {"\0k"s, "\0K"s, "\0\0rg"s, "\0cm"s, "\0Tm"s, "\0re"s, "\0Do"s}) {
+    const Interpret run = Interpret().Run(line + "\n" + kLine);
+    EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1))) << line;
+  }
+}
+
+TEST(ContentOperator, AfterANulByteSetsNothing) {
+  const Interpret run = Interpret().Run("1 0 0 \0\0rg\n0 0 0 0 \0k\n1 0 0 1 5 5 \0cm\n7 \0w\n"s + kLine);
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1)));
+  EXPECT_EQ(run.Path().paint.fill, (PdfColor{0, 0, 0}));
+  EXPECT_EQ(run.Path().paint.lineWidth, Interpret().Run(kLine).Path().paint.lineWidth);
+}
+
+TEST(ContentOperator, AfterANulByteStartsNoPath) {
+  // What follows it would be taken as lines of the path, the matrix too.
+  const Interpret run = Interpret().Run("\0m\n1 0 0 1 5 5 cm\n"s + kLine);
+  EXPECT_THAT(run.Segments(), ElementsAre(Move(5, 5), Line(6, 6)));
+}
+
+TEST(ContentOperator, AfterANulByteNeitherPaintsNorClearsNorClips) {
+  for (const auto& line : {"\0f"s, "\0S"s, "\0B*"s, "\0n"s, "\0W"s, "\0\0W"s, "\0W*"s}) {
+    const Interpret run = Interpret().Run("0 0 m\n1 1 l\n" + line + "\n2 2 l\nf\n");
+    ASSERT_EQ(run.Count(), 1U) << line;
+    EXPECT_THAT(run.Segments(), ElementsAre(Move(0, 0), Line(1, 1), Line(2, 2))) << line;
+    EXPECT_EQ(run.Path().paintMode, pdf::kNonZeroFill) << line;
+  }
+}
+
+TEST(ContentOperator, AfterANulByteDrawsNothing) {
+  EXPECT_EQ(Interpret().WithForm("/Fm", kLine).Run("/Fm \0Do\n"s).Count(), 0U);
+}
+
+TEST(ContentOperator, WithANulByteAtItsEndIsNone) {
+  EXPECT_EQ(Interpret().Run("0 0 m\n1 1 l\nf\0\n"s).Count(), 0U);
 }
 
 // Text.
