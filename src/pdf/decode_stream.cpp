@@ -67,7 +67,7 @@ void DecodeLzwStream(PdfStreamData& data, PdfWorkBudget& budget) {
 }
 
 void DecodeRunLengthStream(PdfStreamData& data, PdfWorkBudget& budget) {
-  TakeOutput(data, budget, DecodeRunLength(InputOf(data), budget.Left()), 0);
+  TakeOutput(data, budget, DecodeRunLength(InputOf(data), budget.Left(), data.nulFollows), 0);
 }
 
 /// Moves the inflated bytes of an image to its plane.

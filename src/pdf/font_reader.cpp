@@ -23,6 +23,7 @@ void ReadToUnicode(ObjectSource& source, std::int32_t objectNumber, PdfToUnicode
   PdfStreamKeys keys;
   for (std::size_t i = 0; i < object->tokens.size(); ++i) source.ReadStreamKey(object->tokens, i, keys);
   PdfStreamData data;
+  data.nulFollows = true;
   source.Decode(stream, keys, data);
   if (source.Budget().Take(data.decoded.size())) ReadCMap(data.decoded, map);
 }

@@ -102,6 +102,7 @@ PageReader::ContentBytes PageReader::Decode(const ContentStream& stream) {
     return {source.Budget().Take(stream.bytes.size()) ? stream.bytes : std::string_view(), nullptr};
   }
   PdfStreamData data;
+  data.nulFollows = true;
   source.Decode(stream.bytes, stream.keys, data);
   auto text = std::make_shared<std::string>();
   if (data.length == data.decoded.size()) {

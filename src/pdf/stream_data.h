@@ -24,12 +24,14 @@ struct PdfStreamData {
   bool isImage = false;
   std::vector<std::string> filters;  ///< names with their slash
   std::string_view input;            ///< at least `length` bytes, kept by the caller
+  bool nulFollows = false;  ///< content and /ToUnicode: a NUL follows the `length` bytes, but is not counted
 };
 
 /// Runs `data.input` through its filter. Throws `std::out_of_range` where `length` exceeds the input and
 /// where LZW or run length data break off, and `std::runtime_error` where JPEG 2000 data cannot be read.
 /// Where the budget is used up there is no output, and `length` is 0. Kept: with two or more filters the
-/// bytes stay as they are, and an image becomes white.
+/// bytes stay as they are, and an image becomes white. Of the filters only run length ever reads the NUL that
+/// may follow: an LZW text cannot end in it, since the code that ends the text is odd.
 void DecodeStream(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget);
 
 /// The loop over the filter names.
@@ -50,7 +52,8 @@ struct PdfStreamKeys {
 bool ReadStreamKey(PdfFileReader& reader, PdfXrefSection& section, const PdfTokens& tokens,
                    std::size_t& index, PdfStreamKeys& keys);
 
-/// The first `length` bytes of `stream`; throws `std::out_of_range` where there are not so many.
+/// The first `length` bytes of `stream`. Throws `std::out_of_range`, which ends the whole read, where there
+/// are not so many and where `length` is negative.
 std::string_view FirstBytes(std::string_view stream, std::int64_t length);
 
 }  // namespace pdf

@@ -66,6 +66,21 @@ TEST(Font, ItsMapIsDecoded) {
   EXPECT_FALSE(FontIn(file, "<< /ToUnicode " + PdfBuilder::Reference(map) + " >>").toUnicode.IsEmpty());
 }
 
+TEST(Font, ItsMapInRunLengthMayTakeTheNulAfterItsStream) {
+  const std::string cmap = kCMap;
+  for (const std::size_t more : {1U, 2U}) {
+    PdfBuilder file;
+    const std::string length(1, static_cast<char>(cmap.size() + more - 1));
+    const int map = file.AddStream(length + cmap, "/Filter /RunLengthDecode");
+    const std::string dictionary = "<< /ToUnicode " + PdfBuilder::Reference(map) + " >>";
+    if (more == 1) {
+      EXPECT_FALSE(FontIn(file, dictionary).toUnicode.IsEmpty());
+    } else {
+      EXPECT_THROW(FontIn(file, dictionary), std::out_of_range);
+    }
+  }
+}
+
 TEST(Font, AMapInAnObjectWithoutAStreamIsEmpty) {
   PdfBuilder file;
   const int map = file.Add("<< /Foo 1 >>");

@@ -184,6 +184,36 @@ TEST(Page, TextInRunLengthIsCutToItsEncodedLength) {
 }
 
 TEST(Page, ResourcesByReferenceAndInlineAreTheSame) {
+TEST(Page, TextInRunLengthMayTakeTheNulAfterItsStream) {
+  // The stream asks for 17 bytes and has 16. The NUL is a line of its own, after the "S".
+  PdfBuilder file;
+  const int stream = file.AddStream(
+      "\x10"
+      "0 0 m 10 10 l S ",
+      "/Filter /RunLengthDecode");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.BuildPages({page, page}));
+  EXPECT_THAT(pages[0].entities, SizeIs(1));
+  EXPECT_THAT(pages[1].entities, SizeIs(1)) << "the same stream again";
+}
+
+TEST(Page, TextInRunLengthThatAsksForTwoBytesMoreEndsTheRead) {
+  PdfBuilder file;
+  const int stream = file.AddStream(
+      "\x11"
+      "0 0 m 10 10 l S ",
+      "/Filter /RunLengthDecode");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  EXPECT_THROW(PagesOf(file.BuildPages({page})), std::out_of_range);
+}
+
+TEST(Page, ANegativeLengthEndsTheRead) {
+  PdfBuilder file;
+  const int stream = file.AddStreamOfLength("(a) Tj\n", "-1");
+  const int page = file.Add("<< /Type /Page /Contents " + PdfBuilder::Reference(stream) + " >>");
+  EXPECT_THROW(PagesOf(file.BuildPages({page})), std::out_of_range);
+}
+
   for (const bool indirect : {false, true}) {
     PdfBuilder file;
     const int font = file.Add("<< /Type /Font /BaseFont /Arial >>");

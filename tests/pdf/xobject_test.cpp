@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <list>
+#include <stdexcept>
 #include <zlib.h>
 
 #include "pdf/open_pdf.h"
@@ -124,6 +125,10 @@ TEST(FormXObject, AShortMatrixLeavesTheOtherNumbers) {
 
 TEST(FormXObject, IsDecoded) {
   EXPECT_EQ(Form(Deflated("S\n"), "/Filter /FlateDecode").form->content, "1 0 0 1 0 0 cm\nS\n");
+}
+
+TEST(FormXObject, InRunLengthHasNoNulAfterItsBytes) {
+  EXPECT_THROW(Form("\x02S\n", "/Filter /RunLengthDecode"), std::out_of_range);
 }
 
 TEST(FormXObject, OperatorsEndTheirLines) {

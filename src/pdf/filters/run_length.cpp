@@ -1,18 +1,21 @@
 #include "pdf/filters/run_length.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace pdf {
 
-std::optional<std::string> DecodeRunLength(std::string_view input, std::size_t mostBytes) {
+std::optional<std::string> DecodeRunLength(std::string_view input, std::size_t mostBytes, bool nulFollows) {
   std::string output;
   std::size_t index = 0;
   while (index + 1 < input.size()) {
     const auto length = static_cast<unsigned char>(input[index]);
     if (length < 128) {
       const std::size_t copied = length + std::size_t{1};
-      if (input.size() - index - 1 < copied) throw std::out_of_range("invalid vector subscript");
-      output.append(input, index + 1, copied);
+      const std::size_t left = input.size() - index - 1;
+      if (copied > left + (nulFollows ? 1 : 0)) throw std::out_of_range("invalid vector subscript");
+      output.append(input, index + 1, std::min(copied, left));
+      if (copied > left) output.push_back('\0');
       index += copied + 1;
     } else {
       output.append(257 - std::size_t{length}, input[index + 1]);
