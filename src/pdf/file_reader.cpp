@@ -70,21 +70,28 @@ std::string PdfFileReader::ReadTail(std::int64_t target) {
   return start == std::string::npos ? std::string() : tail.substr(start);
 }
 
+void PdfFileReader::LeaveAgain(const Left& left) {
+  ++reads;
+  text = left.text;
+  stream = left.stream;
+  position = left.position;
+}
+
 std::shared_ptr<const PdfObject> PdfFileReader::ReadObject(std::int64_t offset) {
   const auto known = kept.find(offset);
   if (known != kept.end()) {
-    text = known->second.text;
-    stream = known->second.stream;
-    position = known->second.end;
+    LeaveAgain(known->second.left);
     return known->second.object;
   }
+  ++reads;
+  if (offset < 0) dependsOnEarlierRead = true;
   Seek(offset);
   ReadUntil("endobj");
   if (!budget.Take(kRewritingFactor * text.size())) text = stream = {};
   auto object = std::make_shared<const PdfObject>(text);
   if (offset < 0) return object;
   MakeRoomFor(*object);
-  kept.emplace(offset, ReadResult{object, text, stream, position});
+  kept.emplace(offset, ReadResult{object, WhatIsLeft()});
   return object;
 }
 

@@ -54,9 +54,24 @@ class PdfFileReader {
   /// To be told when the text of a streamed object changes.
   void ForgetStreamedObject(std::uint32_t number) { keptStreamed.erase(number); }
 
+  /// What a read leaves behind: text and stream of the object, and where the next read without a place of its
+  /// own begins.
+  struct Left {
+    std::string_view text;
+    std::string_view stream;
+    std::size_t position = 0;
+  };
+  Left WhatIsLeft() const { return {text, stream, position}; }
+  /// Leaves what an earlier read left, as that read would do if it were made again.
+  void LeaveAgain(const Left& left);
+
   std::string_view text;
   std::string_view stream;
-  bool hasStream = false;  ///< set by the first read that finds the word "stream", never cleared
+  bool hasStream = false;   ///< set by the first read that finds the word "stream", never cleared
+  std::uint64_t reads = 0;  ///< of objects in the file, also of those kept
+  /// Set where the result depends on the read before it, so that it may come out differently the next time:
+  /// an object without a place, and the stream of an object in an object stream, which has none of its own.
+  bool dependsOnEarlierRead = false;
   PdfNotes notes;
   PdfWorkBudget budget;
 
@@ -64,9 +79,7 @@ class PdfFileReader {
   /// What reading an object of the file left behind, for the next time that it is asked for.
   struct ReadResult {
     std::shared_ptr<const PdfObject> object;
-    std::string_view text;
-    std::string_view stream;
-    std::size_t end = 0;
+    Left left;
   };
 
   std::size_t FindEnd(std::string_view terminator) const;

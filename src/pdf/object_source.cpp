@@ -13,7 +13,9 @@ std::shared_ptr<const PdfObject> ObjectSource::Fetch(std::int32_t objectNumber) 
 
 PdfFetchedStream ObjectSource::FetchStream(std::int32_t objectNumber) {
   const auto entry = document.section.entries.find(static_cast<std::uint32_t>(objectNumber));
-  if (entry != document.section.entries.end() && entry->second.inObjectStream) dependsOnEarlierRead = true;
+  if (entry != document.section.entries.end() && entry->second.inObjectStream) {
+    Reader().dependsOnEarlierRead = true;
+  }
   std::shared_ptr<const PdfObject> object = Fetch(objectNumber);
   return {std::move(object), document.reader->stream};
 }

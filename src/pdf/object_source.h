@@ -37,10 +37,6 @@ class ObjectSource {
   PdfNotes& Notes() { return document.reader->notes; }
   PdfWorkBudget& Budget() { return document.reader->budget; }
 
-  /// Set where a stream was asked of an object in an object stream, which has none: what the read before left
-  /// is taken for it. What is read that way may come out differently the next time.
-  bool dependsOnEarlierRead = false;
-
  private:
   PdfDocument& document;
 };

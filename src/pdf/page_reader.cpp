@@ -87,9 +87,9 @@ void PageReader::ReadResources(PdfTokens& tokens, std::size_t& index, PageResour
 }
 
 PageReader::ContentStream PageReader::FindContent(std::int32_t number) {
-  source.dependsOnEarlierRead = false;
+  source.Reader().dependsOnEarlierRead = false;
   const auto [object, stream] = source.FetchStream(number);
-  ContentStream content = {number, !source.dependsOnEarlierRead, {}, {}};
+  ContentStream content = {number, !source.Reader().dependsOnEarlierRead, {}, {}};
   for (std::size_t i = 0; i < object->tokens.size(); ++i) {
     source.ReadStreamKey(object->tokens, i, content.keys);
   }

@@ -103,7 +103,7 @@ std::shared_ptr<const PdfColorSpaceEntry> ResourceReader::ReadColorSpace(const P
   if (IsName(tokens[value])) return std::make_shared<const PdfColorSpaceEntry>();
   if (tokens[value] == "[" || tokens[value] == "<<") return ColorSpaceOf(ValueTokens(tokens, value));
   const std::int32_t number = AtoI(tokens[value]);
-  return colorSpaces.Get(source, number, [&] { return ColorSpaceOf(source.Fetch(number)->tokens); });
+  return colorSpaces.Get(source.Reader(), number, [&] { return ColorSpaceOf(source.Fetch(number)->tokens); });
 }
 
 std::shared_ptr<const PdfFont> ResourceReader::ReadFontEntry(const PdfTokens& tokens, std::size_t value) {
@@ -114,18 +114,18 @@ std::shared_ptr<const PdfFont> ResourceReader::ReadFontEntry(const PdfTokens& to
   };
   if (tokens[value] == "<<") return read(ValueTokens(tokens, value));
   const std::int32_t number = AtoI(tokens[value]);
-  return fonts.Get(source, number, [&] { return read(source.Fetch(number)->tokens); });
+  return fonts.Get(source.Reader(), number, [&] { return read(source.Fetch(number)->tokens); });
 }
 
 std::shared_ptr<const PdfShading> ResourceReader::ReadShadingEntry(std::int32_t number) {
-  return shadings.Get(source, number, [&] {
+  return shadings.Get(source.Reader(), number, [&] {
     auto shading = std::make_shared<PdfShading>();
     return ReadShading(source.Reader(), source.Section(), number, *shading) ? shading : nullptr;
   });
 }
 
 std::shared_ptr<const PdfXObject> ResourceReader::ReadXObjectEntry(std::int32_t number) {
-  return xobjects.Get(source, number, [&] {
+  return xobjects.Get(source.Reader(), number, [&] {
     auto xobject = std::make_shared<PdfXObject>();
     return ReadXObject(source, number, *xobject) ? xobject : nullptr;
   });

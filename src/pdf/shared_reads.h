@@ -3,33 +3,36 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <utility>
 
-#include "pdf/object_source.h"
+#include "pdf/file_reader.h"
 
 namespace pdf {
 
-/// Records that many pages name: each is read once. Asking for one again does what a second reading would
-/// do: its notes are written, and the reader is left with the same text and stream.
+/// Records that are named many times: each is read once. Asking for one again does what a second reading
+/// would do: its notes are written, and the reader is left with the same text, stream and position. Objects
+/// of object streams are no reads of the file, so a record of these alone leaves the reader as it is.
 template <typename Record>
 class SharedReads {
  public:
-  /// The record of this object, by `read` (which makes a shared pointer, perhaps null) at the first time.
+  /// The record under `key`, by `read` (which makes a shared pointer, perhaps null) at the first time.
   template <typename Read>
-  std::shared_ptr<const Record> Get(ObjectSource& source, std::int32_t objectNumber, Read read) {
-    const auto known = kept.find(objectNumber);
-    if (known != kept.end()) return Again(source, known->second);
-    source.dependsOnEarlierRead = false;
-    const PdfNotes::Recording recording(source.Notes());
+  std::shared_ptr<const Record> Get(PdfFileReader& reader, std::int64_t key, Read read) {
+    const auto known = kept.find(key);
+    if (known != kept.end()) return Again(reader, known->second);
+    const bool outerDepends = std::exchange(reader.dependsOnEarlierRead, false);
+    const std::uint64_t readsBefore = reader.reads;
+    const PdfNotes::Recording recording(reader.notes);
     std::shared_ptr<const Record> record = read();
-    if (!source.dependsOnEarlierRead) {
-      const PdfFileReader& reader = source.Reader();
-      kept.emplace(objectNumber,
-                   Kept{record, recording.Taken(), reader.text, reader.stream, reader.hasStream});
+    if (!reader.dependsOnEarlierRead) {
+      Kept entry{record, recording.Taken(), std::nullopt};
+      if (reader.reads != readsBefore) entry.left = reader.WhatIsLeft();
+      kept.emplace(key, std::move(entry));
     }
+    reader.dependsOnEarlierRead |= outerDepends;
     return record;
   }
 
@@ -37,21 +40,16 @@ class SharedReads {
   struct Kept {
     std::shared_ptr<const Record> record;
     std::string notes;
-    std::string_view text;
-    std::string_view stream;
-    bool hasStream;
+    std::optional<PdfFileReader::Left> left;  ///< nothing where the file was not read
   };
 
-  static std::shared_ptr<const Record> Again(ObjectSource& source, const Kept& known) {
-    source.Notes().Replay(known.notes);
-    PdfFileReader& reader = source.Reader();
-    reader.text = known.text;
-    reader.stream = known.stream;
-    reader.hasStream = known.hasStream;
+  static std::shared_ptr<const Record> Again(PdfFileReader& reader, const Kept& known) {
+    reader.notes.Replay(known.notes);
+    if (known.left) reader.LeaveAgain(*known.left);
     return known.record;
   }
 
-  std::unordered_map<std::int32_t, Kept> kept;
+  std::unordered_map<std::int64_t, Kept> kept;
 };
 
 }  // namespace pdf

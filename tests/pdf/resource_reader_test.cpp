@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "pdf/open_pdf.h"
+#include "pdf/streamed_pdf.h"
 
 namespace {
 
@@ -144,7 +145,7 @@ TEST(SharedReads, LeaveTheReaderAsASecondReadingWould) {
   pdf::ObjectSource source(opened.document);
   pdf::SharedReads<std::string> reads;
   const auto read = [&](int number) {
-    return reads.Get(source, number, [&] {
+    return reads.Get(source.Reader(), number, [&] {
       return std::make_shared<std::string>(source.FetchStream(number).stream.substr(0, 5));
     });
   };
@@ -152,6 +153,61 @@ TEST(SharedReads, LeaveTheReaderAsASecondReadingWould) {
   read(second);
   EXPECT_EQ(*read(first), "first");
   EXPECT_EQ(source.Reader().stream.substr(0, 5), "first");
+}
+
+/// A file of two pages with these resources. The contents of the second one are object 6.
+StreamedPdf TwoPages(const std::string& firstResources, const std::string& secondResources) {
+  StreamedPdf file;
+  file.Object(1, "<< /Pages 2 0 R >>");
+  file.Object(2, "<< /Type /Pages /Kids [ 3 0 R 4 0 R ] >>");
+  file.Object(3, "<< /Type /Page /Resources << " + firstResources + " >> /Contents 5 0 R >>");
+  file.Object(4, "<< /Type /Page /Resources << " + secondResources + " >> /Contents 6 0 R >>");
+  file.Stream(5, "(first) Tj\n");
+  return file;
+}
+
+TEST(SharedReads, OfAStreamedObjectLeaveTheStreamThatWasReadBefore) {
+  const std::string colorSpaces = "/ColorSpace << /CS0 7 0 R >>";
+  StreamedPdf file = TwoPages(colorSpaces, "/XObject << /Fm0 8 0 R >> " + colorSpaces);
+  // The contents of the second page have no stream of their own, and take that of the form.
+  file.Streamed(6, "<< /Length 17 /Foo 1 >>");
+  file.Streamed(7, "[ /Separation /Black /DeviceGray << /C0 [ 0 ] /C1 [ 1 ] >> ]");
+  file.Stream(8, "(of the form) Tj\n", "/Subtype /Form");
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(1));
+  EXPECT_THAT(TextsOf(pages.at(1)), testing::ElementsAre("of the form"));
+}
+
+TEST(SharedReads, DoNotKeepAnObjectThatIsReadAtTheCurrentPosition) {
+  StreamedPdf file;
+  file.Object(1, "<< /Pages 2 0 R >>");
+  file.Object(2, "<< /Type /Pages /Kids [ 3 0 R 4 0 R ] >>");
+  const std::string page = "<< /Type /Page /Contents 5 0 R /Resources << /Font << /F1 6 0 R >> >> >>";
+  file.Object(3, page);
+  file.Object(7, "<< /BaseFont /Arial >>");
+  file.Object(4, page);
+  file.Object(8, "<< /BaseFont /Courier >>");
+  file.Stream(5, "/F1 9 Tf\n(a) Tj\n");
+  file.ObjectAt(6, -1);
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(1));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(0).entities.at(0)).font->name, "Arial");
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(1).entities.at(0)).font->name, "Courier");
+}
+
+TEST(SharedReads, LeaveThePositionWhereASecondReadingWould) {
+  StreamedPdf file;
+  file.Object(1, "<< /Pages 2 0 R >>");
+  file.Object(2, "<< /Type /Pages /Kids [ 3 0 R 4 0 R ] >>");
+  const std::string page =
+      "<< /Type /Page /Contents 5 0 R /Resources << /Font << /F1 6 0 R /F2 7 0 R >> >> >>";
+  file.Object(3, page);
+  file.Object(4, page);
+  file.Object(6, "<< /BaseFont /Arial >>");
+  file.Object(8, "<< /BaseFont /Courier >>");
+  file.Stream(5, "/F2 9 Tf\n(a) Tj\n");
+  file.ObjectAt(7, -1);
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(1));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(0).entities.at(0)).font->name, "Courier");
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(1).entities.at(0)).font->name, "Courier");
 }
 
 }  // namespace
