@@ -1,5 +1,9 @@
 #include "pdf/function.h"
 
+#include <algorithm>
+
+#include "pdf/shared_reads.h"
+#include "pdf/token_walk.h"
 #include "support/limits.h"
 #include "support/text_to_number.h"
 
@@ -10,9 +14,9 @@ namespace {
 using support::AtoF;
 using support::AtoI;
 
-/// Charged for each read of a function on top of the length of its text: far more than its record takes, as
-/// all its tokens are looked at each time.
-constexpr std::size_t kRecordBytes = 4096;
+/// Charged for each read of a function on top of the length of its text: its record and its place in the
+/// index.
+constexpr std::size_t kRecordBytes = 512;
 
 /// Whether the key at `key` has an array behind it.
 bool HasArray(const PdfTokens& tokens, std::size_t key) { return tokens.at(key + 1) == "["; }
@@ -45,14 +49,16 @@ ExponentialFunction ReadExponential(const PdfTokens& tokens) {
 
 void ReadFunctionNumbers(const PdfTokens& tokens, std::size_t key, std::vector<std::int32_t>& numbers) {
   if (!HasArray(tokens, key)) return;
-  for (std::size_t i = key + 2; tokens.at(i) != "]"; i += 3) numbers.push_back(AtoI(tokens[i]));
+  const std::vector<std::int32_t> references = ReferencesFrom(tokens, key + 2);
+  numbers.insert(numbers.end(), references.begin(), references.end());
 }
 
+/// A number without a partner is dropped.
 void ReadEncode(const PdfTokens& tokens, std::size_t key, PdfPairs& encode) {
   if (!HasArray(tokens, key)) return;
-  for (std::size_t i = key + 2; tokens.at(i) != "]"; i += 2) {
-    encode.emplace_back(AtoF(tokens[i]), AtoF(tokens.at(i + 1)));
-  }
+  const std::size_t end = EndOfArray(tokens, key + 2);
+  for (std::size_t i = key + 2; i + 1 < end; i += 2)
+    encode.emplace_back(AtoF(tokens[i]), AtoF(tokens[i + 1]));
 }
 
 StitchingFunction ReadStitchingKeys(const PdfTokens& tokens) {
@@ -77,35 +83,53 @@ class FunctionReader {
 
   PdfFunction Read(std::int32_t objectNumber) {
     PdfFunction function;
-    // A function that many others name is walked each time, so each time counts.
-    if (depth >= support::limits::kPdfFunctionDepth || !reader.budget.Take(kRecordBytes)) return function;
-    ++depth;
+    if (!reader.budget.Take(kRecordBytes)) return function;
+    beingRead.push_back(ObjectPlace(section, objectNumber));
     const auto object = FetchObject(reader, section, objectNumber);
     if (reader.budget.Take(object->text.size())) ReadTokens(object->tokens, function);
-    --depth;
+    beingRead.pop_back();
     return function;
   }
 
  private:
+  /// Each type is read from all tokens, so once is enough however often it is named.
   void ReadTokens(const PdfTokens& tokens, PdfFunction& function) {
+    bool isExponential = false;
+    bool isStitching = false;
     for (std::size_t i = 0; i < tokens.size(); ++i) {
       if (tokens[i] != "/FunctionType") continue;
       function.type = tokens.at(i + 1);
-      if (function.type == "2") function.exponential = ReadExponential(tokens);
-      if (function.type == "3") function.stitching = ReadStitching(tokens);
+      isExponential |= function.type == "2";
+      isStitching |= function.type == "3";
     }
+    if (isExponential) function.exponential = ReadExponential(tokens);
+    if (isStitching) function.stitching = ReadStitching(tokens);
   }
 
   StitchingFunction ReadStitching(const PdfTokens& tokens) {
     StitchingFunction function = ReadStitchingKeys(tokens);
     function.stops.reserve(function.functions.size());
-    for (const std::int32_t number : function.functions) function.stops.push_back(Read(number).exponential);
+    for (const std::int32_t number : function.functions) function.stops.push_back(ReadPart(number));
     return function;
+  }
+
+  std::shared_ptr<const PdfFunctionStop> ReadPart(std::int32_t objectNumber) {
+    const std::int64_t place = ObjectPlace(section, objectNumber);
+    if (!IsFollowed(place)) return emptyStop;
+    return parts.Get(reader, place,
+                     [&] { return std::make_shared<const PdfFunctionStop>(Read(objectNumber).exponential); });
+  }
+
+  bool IsFollowed(std::int64_t place) const {
+    return beingRead.size() < support::limits::kPdfFunctionDepth &&
+           std::find(beingRead.begin(), beingRead.end(), place) == beingRead.end();
   }
 
   PdfFileReader& reader;
   PdfXrefSection& section;
-  int depth = 0;
+  std::vector<std::int64_t> beingRead;  ///< places, the outermost function first
+  SharedReads<PdfFunctionStop> parts;   ///< by place
+  std::shared_ptr<const PdfFunctionStop> emptyStop = std::make_shared<const PdfFunctionStop>();
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 #define DRAWLOAD_PDF_FUNCTION_H
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,7 +31,7 @@ struct StitchingFunction {
   std::vector<std::int32_t> functions;  ///< object numbers
   std::vector<double> bounds;
   PdfPairs encode;
-  std::vector<PdfFunctionStop> stops;  ///< one for each of `functions`
+  std::vector<std::shared_ptr<const PdfFunctionStop>> stops;  ///< one for each of `functions`, never null
 };
 
 /// Functions of other types leave all but `type` empty.
@@ -40,7 +41,9 @@ struct PdfFunction {
   StitchingFunction stitching;
 };
 
-/// The function in this object. Parts of parts beyond a limit of depth are left empty.
+/// The function in this object. A part that is a function being read, as where a function names itself, is
+/// not followed and stays empty, and so do parts of parts beyond a limit of depth. Each part is read once,
+/// however often it is named.
 PdfFunction ReadFunction(PdfFileReader& reader, PdfXrefSection& section, std::int32_t objectNumber);
 
 }  // namespace pdf

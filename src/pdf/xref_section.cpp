@@ -2,6 +2,15 @@
 
 namespace pdf {
 
+std::int64_t ObjectPlace(const PdfXrefSection& section, std::int32_t objectNumber) {
+  constexpr std::int64_t kPastAllOffsets = std::int64_t{1} << 32;
+  const auto number = static_cast<std::uint32_t>(objectNumber);
+  const auto entry = section.entries.find(number);
+  if (entry == section.entries.end()) return 0;
+  const bool hasPlace = !entry->second.inObjectStream && entry->second.offset >= 0;
+  return hasPlace ? entry->second.offset : kPastAllOffsets + number;
+}
+
 std::shared_ptr<const PdfObject> FetchObject(PdfFileReader& reader, PdfXrefSection& section,
                                              std::int32_t objectNumber) {
   const auto number = static_cast<std::uint32_t>(objectNumber);

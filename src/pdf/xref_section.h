@@ -27,6 +27,11 @@ struct PdfXrefSection {
   std::deque<std::string> objectStreams;                              ///< decoded
 };
 
+/// Where the object with this number lies: numbers of one place are one object. Unknown numbers all lie at
+/// the first object of the file; objects of object streams and those without a place are told by their
+/// number.
+std::int64_t ObjectPlace(const PdfXrefSection& section, std::int32_t objectNumber);
+
 /// The object with this number (taken as 32 bits without sign), never null. An object of the file also leaves
 /// its stream in `reader.stream`; one from an object stream leaves there what the read before left. An
 /// unknown number reads the first object of the file. Throws nothing but what memory does.

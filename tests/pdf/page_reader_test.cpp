@@ -6,6 +6,7 @@
 
 #include "pdf/open_pdf.h"
 #include "pdf/page_tree.h"
+#include "pdf/streamed_pdf.h"
 
 namespace {
 
@@ -183,7 +184,6 @@ TEST(Page, TextInRunLengthIsCutToItsEncodedLength) {
   EXPECT_THAT(PagesOf(file.BuildPages({page}))[0].entities, SizeIs(1));
 }
 
-TEST(Page, ResourcesByReferenceAndInlineAreTheSame) {
 TEST(Page, TextInRunLengthMayTakeTheNulAfterItsStream) {
   // The stream asks for 17 bytes and has 16. The NUL is a line of its own, after the "S".
   PdfBuilder file;
@@ -214,6 +214,7 @@ TEST(Page, ANegativeLengthEndsTheRead) {
   EXPECT_THROW(PagesOf(file.BuildPages({page})), std::out_of_range);
 }
 
+TEST(Page, ResourcesByReferenceAndInlineAreTheSame) {
   for (const bool indirect : {false, true}) {
     PdfBuilder file;
     const int font = file.Add("<< /Type /Font /BaseFont /Arial >>");
@@ -223,6 +224,20 @@ TEST(Page, ANegativeLengthEndsTheRead) {
     const std::vector<pdf::PDF_Page> pages = PagesOf(file.BuildPages({page}));
     EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "Arial") << indirect;
   }
+}
+
+TEST(Page, ResourcesInAnObjectStreamHaveNoHeaderToLeaveOut) {
+  StreamedPdf file;
+  file.Object(1, "<< /Pages 2 0 R >>");
+  file.Object(2, "<< /Type /Pages /Kids [ 3 0 R ] >>");
+  file.Object(3, "<< /Type /Page /Resources 5 0 R /Contents 4 0 R >>");
+  file.Stream(4, "/F1 9 Tf\n(a) Tj\n/F2 9 Tf\n(b) Tj\n");
+  file.Streamed(5, "<< /Font << /F1 6 0 R /F2 7 0 R >> >>");
+  file.Object(6, "<< /BaseFont /Arial >>");
+  file.Object(7, "<< /BaseFont /Courier >>");
+  const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(1));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "Arial");
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(1)).font->name, "Courier");
 }
 
 TEST(Page, KeysBehindIndirectResourcesAreStillRead) {
@@ -275,6 +290,64 @@ TEST(Page, NotesOfASharedStreamAreWrittenForEachPage) {
   testing::internal::CaptureStdout();
   opened.Pages();
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "CCITTFaxDecode\nCCITTFaxDecode\nCCITTFaxDecode\n");
+}
+
+// Functions that lead to themselves.
+
+/// The entities of a page that is drawn after its shading is read. The shading names function 1.
+std::size_t EntitiesDespite(const std::vector<std::string>& functions) {
+  PdfBuilder file;
+  for (const std::string& function : functions) file.Add(function);
+  const int shading = file.Add("<< /ShadingType 2 /Coords [ 0 0 1 1 ] /Function 1 0 R >>");
+  const int page = file.AddPage(
+      "0 0 m\n1 1 l\nS\n", "/Resources << /Shading << /Sh0 " + PdfBuilder::Reference(shading) + " >> >>");
+  return PagesOf(file.BuildPages({page}))[0].entities.size();
+}
+
+std::string Stitched(const std::string& references) {
+  return "<< /FunctionType 3 /Functions [ " + references + "] >>";
+}
+
+std::string References(int first, int last) {
+  std::string references;
+  for (int number = first; number <= last; ++number) references += PdfBuilder::Reference(number) + " ";
+  return references;
+}
+
+std::string Repeated(const std::string& text, int times) {
+  std::string repeated;
+  for (int i = 0; i < times; ++i) repeated += text;
+  return repeated;
+}
+
+TEST(PageFunctions, ThatNameThemselvesManyTimesLeaveThePageDrawn) {
+  EXPECT_EQ(EntitiesDespite({Stitched(Repeated("1 0 R ", 10))}), 1U);
+  EXPECT_EQ(EntitiesDespite({Stitched(Repeated("1 0 R ", 200'000))}), 1U);
+}
+
+TEST(PageFunctions, ThatNameEachOtherManyTimesLeaveThePageDrawn) {
+  const std::string both = Stitched(Repeated("1 0 R 2 0 R ", 1000));
+  EXPECT_EQ(EntitiesDespite({both, both}), 1U);
+  EXPECT_EQ(EntitiesDespite(std::vector<std::string>(40, Stitched(References(1, 40)))), 1U);
+}
+
+TEST(PageFunctions, ThatNameThemselvesByUnknownNumbersLeaveThePageDrawn) {
+  // Each unknown number is the file's first object, which is the function.
+  EXPECT_EQ(EntitiesDespite({Stitched(References(1000, 40'000))}), 1U);
+}
+
+TEST(PageFunctions, WithManyPartsOfManyPartsLeaveThePageDrawn) {
+  std::vector<std::string> functions;
+  for (int part = 2; part <= 10; ++part)
+    functions.push_back(Stitched(Repeated(PdfBuilder::Reference(part) + " ", 100)));
+  functions.push_back("<< /FunctionType 2 /N 1 >>");
+  EXPECT_EQ(EntitiesDespite(functions), 1U);
+}
+
+TEST(PageFunctions, ThatAreOutOfStepLeaveThePageDrawn) {
+  EXPECT_EQ(EntitiesDespite({Stitched("1 0 R 2 ")}), 1U);
+  EXPECT_EQ(EntitiesDespite({Stitched("<< /FunctionType 2 /Domain [ 0 1 ] /N 1 >> 2 0 R ")}), 1U);
+  EXPECT_EQ(EntitiesDespite({"<< /FunctionType 3 /Encode [ 0 1 0 ] >>"}), 1U);
 }
 
 }  // namespace

@@ -140,10 +140,10 @@ TEST(ReadFunction, MakesAStopOfEachPartOfAStitchingFunction) {
   EXPECT_EQ(function.stitching.bounds, (Numbers{0.3, 0.6}));
   EXPECT_EQ(function.stitching.encode, (PdfPairs{{0, 1}, {1, 0}, {0, 1}}));
   ASSERT_EQ(function.stitching.stops.size(), 3U);
-  EXPECT_EQ(function.stitching.stops[0].c0, (Numbers{1, 0, 0}));
-  EXPECT_EQ(function.stitching.stops[1].n, 2.0);
-  EXPECT_TRUE(function.stitching.stops[1].c0.empty());
-  EXPECT_EQ(function.stitching.stops[2].n, 1.0);
+  EXPECT_EQ(function.stitching.stops[0]->c0, (Numbers{1, 0, 0}));
+  EXPECT_EQ(function.stitching.stops[1]->n, 2.0);
+  EXPECT_TRUE(function.stitching.stops[1]->c0.empty());
+  EXPECT_EQ(function.stitching.stops[2]->n, 1.0);
 }
 
 TEST(ReadFunction, IgnoresOtherTypes) {
@@ -161,22 +161,49 @@ TEST(ReadFunction, GivesAnEmptyStopForAPartThatIsNotExponential) {
   const PdfFunction function =
       Objects({"<</FunctionType 3/Functions[2 0 R]>>", "<</FunctionType 0/C0[1]>>"}).Function();
   ASSERT_EQ(function.stitching.stops.size(), 1U);
-  EXPECT_TRUE(function.stitching.stops[0].c0.empty());
+  EXPECT_TRUE(function.stitching.stops[0]->c0.empty());
 }
 
-TEST(ReadFunction, EndsForAFunctionThatNamesItself) {
-  const PdfFunction function = Objects({"<</FunctionType 3/Functions[1 0 R]>>"}).Function();
-  EXPECT_EQ(function.stitching.stops.size(), 1U);
+TEST(ReadFunction, DoesNotFollowAFunctionThatNamesItself) {
+  // Object 1 has both types' keys: followed, it would give its own C0 as a stop.
+  const PdfFunction function =
+      Objects({"<</FunctionType 3/FunctionType 2/C0[1]/Functions[1 0 R 2 0 R 1 0 R]>>", kRed}).Function();
+  EXPECT_EQ(function.exponential.c0, (Numbers{1}));
+  ASSERT_EQ(function.stitching.stops.size(), 3U);
+  EXPECT_TRUE(function.stitching.stops[0]->c0.empty());
+  EXPECT_EQ(function.stitching.stops[1]->c0, (Numbers{1, 0, 0}));
+  EXPECT_TRUE(function.stitching.stops[2]->c0.empty());
 }
 
-TEST(ReadFunction, EndsForFunctionsThatNameThemselvesManyTimes) {
+TEST(ReadFunction, ReadsAPartOnceHoweverOftenItIsNamed) {
   std::string numbers;
-  for (int i = 0; i < 10; ++i) numbers += "1 0 R ";
-  const PdfFunction function = Objects({"<</FunctionType 3/Functions[" + numbers + "]>>"}).Function();
-  EXPECT_EQ(function.stitching.stops.size(), 10U);
+  for (int i = 0; i < 1000; ++i) numbers += "2 0 R ";
+  const PdfFunction function = Objects({"<</FunctionType 3/Functions[" + numbers + "]>>", kRed}).Function();
+  ASSERT_EQ(function.stitching.stops.size(), 1000U);
+  EXPECT_EQ(function.stitching.stops.front(), function.stitching.stops.back());
+  EXPECT_EQ(function.stitching.stops.back()->c0, (Numbers{1, 0, 0}));
 }
 
-TEST(ReadFunction, FailsForPairsThatDoNotComeOut) {
-  EXPECT_THROW(Objects({"<</FunctionType 3/Encode[0 1 2]>>"}).Function(), std::out_of_range);
-  EXPECT_THROW(Objects({"<</FunctionType 3/Functions[1 0 R 2]>>"}).Function(), std::out_of_range);
+TEST(ReadFunction, TakesEveryFirstOfThreeTokensUpToTheFirstBracket) {
+  const auto functionsOf = [](const std::string& array) {
+    return Objects({"<</FunctionType 3/Functions" + array + "/Bounds[0.5]>>", kRed}).Function().stitching;
+  };
+  EXPECT_EQ(functionsOf("[2 0 R 3]").functions, (std::vector<std::int32_t>{2, 3}));
+  EXPECT_EQ(functionsOf("[2 0 R 3 0]").functions, (std::vector<std::int32_t>{2, 3}));
+  // Six line ends leave an empty token: "2", "", "R".
+  EXPECT_EQ(functionsOf("[2 0 R      3 0 R]").functions, (std::vector<std::int32_t>{2, 0, 0}));
+  // "<<", "/Domain", "1": the "]" of the domain ends the functions.
+  const pdf::StitchingFunction inlined = functionsOf("[<</N 1 /Domain[0 1]>> 2 0 R]");
+  EXPECT_EQ(inlined.functions, (std::vector<std::int32_t>{0, 0, 1}));
+  EXPECT_EQ(inlined.bounds, (Numbers{0.5}));
+}
+
+TEST(ReadFunction, DropsAnEncodeValueWithoutAPartner) {
+  EXPECT_EQ(Objects({"<</FunctionType 3/Encode[0 1 2]>>"}).Function().stitching.encode, (PdfPairs{{0, 1}}));
+  EXPECT_TRUE(Objects({"<</FunctionType 3/Encode[0]>>"}).Function().stitching.encode.empty());
+}
+
+TEST(ReadFunction, FailsForArraysWithoutAnEnd) {
+  EXPECT_THROW(Objects({"<</FunctionType 3/Encode[0 1>>"}).Function(), std::out_of_range);
+  EXPECT_THROW(Objects({"<</FunctionType 3/Functions[1 0 R>>"}).Function(), std::out_of_range);
 }
