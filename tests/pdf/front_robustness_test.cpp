@@ -26,6 +26,8 @@ class Exercise {
 
   int objects = 0;
   int failures = 0;
+  std::uint64_t textBytes = 0;     ///< of the objects' texts, as they were read for their streams
+  std::uint64_t decodedBytes = 0;  ///< of the streams
 
  private:
   template <typename Action>
@@ -50,9 +52,10 @@ class Exercise {
     });
   }
 
-  static void Decode(pdf::PdfDocument& document, std::int32_t number, bool isImage) {
+  void Decode(pdf::PdfDocument& document, std::int32_t number, bool isImage) {
     pdf::PdfFileReader& reader = *document.reader;
     const auto object = FetchObject(reader, document.section, number);
+    if (!isImage) textBytes += object->text.size();
     pdf::PdfStreamData data;
     data.input = reader.stream;
     data.isImage = isImage;
@@ -65,6 +68,7 @@ class Exercise {
     data.filters = keys.filters;
     data.length = static_cast<std::uint32_t>(keys.length);
     DecodeStream(data, reader.notes, reader.budget);
+    decodedBytes += data.decoded.size();
   }
 };
 
@@ -157,11 +161,12 @@ TEST_F(DamagedFiles, AreReadToAnEndWithAnyByteFlipped) {
 }
 
 TEST_F(DamagedFiles, ReadManyOverlappingObjectsInProportionToTheirSize) {
-  // Every object begins one byte behind the last, and none ends: read in full they would be 6 GB.
-  std::string file = "%PDF-1.4\n" + std::string(200000, '/');
+  // Every object begins one byte after the last, and none ends: read in full their texts would be 220 MB, as
+  // each slash becomes two bytes.
+  std::string file = "%PDF-1.4\n" + std::string(100000, '/');
   const std::size_t start = file.size();
-  file += "xref\n0 30000\n";
-  for (int i = 0; i < 30000; ++i) {
+  file += "xref\n0 1000\n";
+  for (int i = 0; i < 1000; ++i) {
     std::array<char, 32> line{};
     std::snprintf(line.data(), line.size(), "%010d 00000 n \n", i + 10);
     file += line.data();
@@ -169,7 +174,10 @@ TEST_F(DamagedFiles, ReadManyOverlappingObjectsInProportionToTheirSize) {
   file += "trailer<</Root 1 0 R>>\nstartxref\n" + std::to_string(start) + "\n%%EOF\n";
   Exercise exercise;
   exercise.Run(file);
-  EXPECT_GT(exercise.objects, 30000);
+  EXPECT_GT(exercise.objects, 1000);
+  // Each of the 120,000 bytes of an object costs nine of the budget of 276 MB, so that some 250 are read.
+  EXPECT_GT(exercise.textBytes, 30'000'000U);
+  EXPECT_LT(exercise.textBytes, 100'000'000U);
 }
 
 TEST_F(DamagedFiles, DoNotExpandBombsBeyondTheBudget) {
@@ -180,4 +188,7 @@ TEST_F(DamagedFiles, DoNotExpandBombsBeyondTheBudget) {
   Exercise exercise;
   exercise.Run(maker.file);
   EXPECT_EQ(exercise.objects, 22);
+  // All of them would be 640 MB; the budget is 256 MB, and a few for the file itself.
+  EXPECT_GE(exercise.decodedBytes, 32U << 20);
+  EXPECT_LT(exercise.decodedBytes, 300U << 20);
 }
