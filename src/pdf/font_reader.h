@@ -9,7 +9,7 @@ namespace pdf {
 /// Reads a font from the tokens of its object. Throws `std::out_of_range` where they break off.
 void ReadFont(ObjectSource& source, const PdfTokens& tokens, PdfFont& font);
 
-/// Reads what a composite font's descendant says.
+/// Reads what a composite font's descendant says. The keys are read on after the "]" that ends /W.
 void ReadCIDFont(ObjectSource& source, const PdfTokens& tokens, PdfCIDFont& font);
 
 /// Reads the font descriptor in this object. An embedded font program is looked at and dropped.

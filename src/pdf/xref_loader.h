@@ -10,7 +10,8 @@
 namespace pdf {
 
 /// Reads cross-reference sections from the last one back. Each section first has the older ones that its
-/// /Prev names read, and then takes its own entries, all into one merged section.
+/// /Prev names read, and then takes its own entries, all into one merged section. Of a stream's /W three
+/// widths are taken, and the keys are read on after its "]".
 class PdfXrefLoader {
  public:
   PdfXrefLoader(PdfFileReader& fileReader, PdfXrefSection& merged) : reader(fileReader), section(merged) {}

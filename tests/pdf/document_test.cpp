@@ -176,6 +176,11 @@ TEST(PdfDocument, LetsTheNewestSectionWinAndKeepsOlderObjects) {
   EXPECT_EQ(opened.Object(7), "7 0 obj (added) endobj");
 }
 
+TEST(PdfDocument, ReadsTheKeyRightAfterTheWidths) {
+  // /Root follows the "]" of /W, and nothing else names the catalog.
+  EXPECT_EQ(Opened(StreamedFile("")).document.catalog, 1);
+}
+
 TEST(PdfDocument, DoesNotKnowXRefStm) {
   PdfMaker maker = OneObject();
   maker.Table("/Root 1 0 R/XRefStm 15");

@@ -140,6 +140,16 @@ TEST(Lzw, StartsAgainBehindAClearingCode) {
 
 TEST(Lzw, EndsBehindAClearingCode) { EXPECT_EQ(DecodeLzw(LzwOf({256, 65, 256, 257})), "A"); }
 
+TEST(Lzw, ClearsOnceMoreForAClearCodeRightAfterOne) {
+  EXPECT_EQ(DecodeLzw(LzwOf({256, 256, 65, 66, 258, 257})), "ABAB");
+  EXPECT_EQ(DecodeLzw(LzwOf({256, 65, 66, 256, 256, 256, 67, 68, 258, 257})), "ABCDCD");
+}
+
+TEST(Lzw, GivesNothingForACodeBeyondTheTableWithNoStringBeforeIt) {
+  EXPECT_EQ(DecodeLzw(LzwOf({400, 257})), "");
+  EXPECT_EQ(DecodeLzw(LzwOf({256, 400, 65, 257})), "A");
+}
+
 TEST(Lzw, NeedsNoClearingCodeAtTheStart) {
   // Without one the first code makes an entry of its own: 258 = A, 259 = AB.
   EXPECT_EQ(DecodeLzw(LzwOf({65, 66, 258, 259, 257})), "ABAAB");

@@ -186,6 +186,15 @@ TEST(DescendantFont, WidthsMayStandInAnObjectOfTheirOwn) {
               ElementsAre(pdf::PdfWidthRange{5, 6, 700}));
 }
 
+TEST(DescendantFont, IsReadOnAfterItsWidths) {
+  PdfBuilder file;
+  const int font = file.Add("<< /DW 700 /W [ 1 [ /DW 9 ] 4 5 600 ] /Subtype /CIDFontType2 >>");
+  const pdf::PdfCIDFont read =
+      FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont;
+  EXPECT_EQ(read.defaultWidth, 700);
+  EXPECT_EQ(read.subtype, "/CIDFontType2");
+}
+
 TEST(FontDescriptor, IsReadKeyByKey) {
   PdfBuilder file;
   const int descriptor = file.Add(

@@ -292,6 +292,96 @@ TEST(Page, NotesOfASharedStreamAreWrittenForEachPage) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "CCITTFaxDecode\nCCITTFaxDecode\nCCITTFaxDecode\n");
 }
 
+// How a page is laid out. A run of five line ends and blanks or more leaves an empty token.
+
+/// A file with one page of these lines; object 1 shows "a", 2 shows "b", and 3 is a font.
+std::string LaidOut(const std::string& page) {
+  PdfBuilder file;
+  file.AddStream("/F1 9 Tf\n(a) Tj\n");
+  file.AddStream("(b) Tj\n");
+  file.Add("<< /BaseFont /Arial >>");
+  return file.BuildPages({file.Add(page)});
+}
+
+TEST(PageLayout, ByTwoBlanksReadsAsOnOneLine) {
+  const std::vector<pdf::PDF_Page> pages =
+      PagesOf(LaidOut("<<\n"
+                      "  /Type /Page\n"
+                      "  /MediaBox [\n"
+                      "  0 0\n"
+                      "  612 792\n"
+                      "  ]\n"
+                      "  /Resources\n"
+                      "  <<\n"
+                      "  /Font\n"
+                      "  <<\n"
+                      "  /F1 3 0 R\n"
+                      "  >>\n"
+                      "  >>\n"
+                      "  /Contents [\n"
+                      "  1 0 R\n"
+                      "  2 0 R\n"
+                      "  ]\n"
+                      ">>"));
+  EXPECT_THAT(pages[0].mediaBox, ElementsAre(0.0, 0.0, 612.0, 792.0));
+  EXPECT_THAT(TextsOf(pages[0]), ElementsAre("a", "b"));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "Arial");
+}
+
+TEST(PageLayout, BracketsOnLinesOfTheirOwnReadAsOnOneLine) {
+  const std::vector<pdf::PDF_Page> pages = PagesOf(LaidOut(
+      "<<\n/Type\n/Page\n/MediaBox\n[\n0\n0\n612\n792\n]\n/Resources\n<<\n/Font\n<<\n/F1\n3\n0\nR\n>>\n>>\n"
+      "/Contents\n[\n1\n0\nR\n2\n0\nR\n]\n>>"));
+  EXPECT_THAT(pages[0].mediaBox, ElementsAre(0.0, 0.0, 612.0, 792.0));
+  EXPECT_THAT(TextsOf(pages[0]), ElementsAre("a", "b"));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "Arial");
+}
+
+TEST(PageLayout, AnIndentedBoxMovesByItsEmptyToken) {
+  // "[", the line end after it and four blanks leave one: "", "0", "0", "612".
+  const std::vector<pdf::PDF_Page> pages =
+      PagesOf(LaidOut("<< /Type /Page /MediaBox [\n    0 0 612 792 ] >>"));
+  EXPECT_THAT(pages[0].mediaBox, ElementsAre(0.0, 0.0, 0.0, 612.0));
+}
+
+TEST(PageLayout, IndentedContentsAreOutOfStepAndEndAtTheFirstBracket) {
+  // "", "1", "0", "R", "", "2", "0", "R": every first of three is "", "R" and "0", each object 0, which is
+  // the file's first one.
+  const std::vector<pdf::PDF_Page> pages =
+      PagesOf(LaidOut("<< /Type /Page /Contents [\n    1 0 R\n    2 0 R\n] /MediaBox [ 0 0 5 6 ] >>"));
+  EXPECT_THAT(TextsOf(pages[0]), ElementsAre("a", "a", "a"));
+  EXPECT_THAT(pages[0].mediaBox, ElementsAre(0.0, 0.0, 5.0, 6.0));
+}
+
+TEST(PageLayout, ContentsWithAnotherTokenEndAtTheFirstBracket) {
+  // "1", "0", "R", "x", "2", "0", "R": "1", "x" and "R".
+  const std::vector<pdf::PDF_Page> pages =
+      PagesOf(LaidOut("<< /Type /Page /Contents [ 1 0 R x 2 0 R ] /MediaBox [ 0 0 5 6 ] >>"));
+  EXPECT_THAT(TextsOf(pages[0]), ElementsAre("a", "a", "a"));
+  EXPECT_THAT(pages[0].mediaBox, ElementsAre(0.0, 0.0, 5.0, 6.0));
+}
+
+TEST(PageLayout, ResourcesAfterAnEmptyTokenAreNotRead) {
+  const std::vector<pdf::PDF_Page> pages =
+      PagesOf(LaidOut("<< /Type /Page /Resources\n    << /Font << /F1 3 0 R >> >> /Contents 1 0 R >>"));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "SimSun");
+}
+
+TEST(PageLayout, FontsAfterAnEmptyTokenAreNotRead) {
+  const std::vector<pdf::PDF_Page> pages =
+      PagesOf(LaidOut("<< /Type /Page /Resources << /Font\n    << /F1 3 0 R >> >> /Contents 1 0 R >>"));
+  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages[0].entities.at(0)).font->name, "SimSun");
+}
+
+TEST(PageLayout, IndentedKidsAreOutOfStepAndEndAtTheFirstBracket) {
+  PdfBuilder file;
+  const int page = file.AddPage("");
+  const std::string kid = PdfBuilder::Reference(page);
+  const int node = file.Add("<< /Type /Pages /Kids [ " + kid + "\n    " + kid + " ] /Foo [ " + kid + " ] >>");
+  // The page, then "" and "R".
+  EXPECT_THAT(ListOf(file.Build(file.AddCatalog(node))), ElementsAre(page, 0, 0));
+}
+
 // Functions that lead to themselves.
 
 /// The entities of a page that is drawn after its shading is read. The shading names function 1.

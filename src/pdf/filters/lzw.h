@@ -10,7 +10,9 @@
 
 namespace pdf {
 
-/// Decodes LZW data whose code width grows one code early, as the format's default asks.
+/// Decodes LZW data whose code width grows one code early, as the format's default asks. A clearing code
+/// right after another clears once more. A code beyond the table stands for the previous string and its first
+/// byte, and for nothing where there is no string before it.
 class PdfLzwDecoder {
  public:
   explicit PdfLzwDecoder(std::string_view encoded) : input(encoded) {}
