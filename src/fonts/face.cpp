@@ -25,7 +25,7 @@ std::uint64_t KeyOf(FT_UInt index, const GlyphPlacement& placement) {
 
 std::size_t BytesOf(const Glyph& glyph) {
   return sizeof(Glyph) + glyph.points.size() * sizeof(FT_Vector) + glyph.tags.size() +
-         glyph.contours.size() * sizeof(short);
+         glyph.contours.size() * sizeof(glyph.contours[0]);
 }
 
 OutlinePoint InPixels(const FT_Vector* point) {
@@ -110,8 +110,8 @@ bool Decompose(const Glyph& glyph, FT_Vector delta, Outline& outline) {
   placed.n_points = static_cast<decltype(placed.n_points)>(points.size());
   placed.n_contours = static_cast<decltype(placed.n_contours)>(glyph.contours.size());
   placed.points = points.data();
-  placed.tags = const_cast<char*>(glyph.tags.data());  // read only
-  placed.contours = const_cast<short*>(glyph.contours.data());
+  placed.tags = const_cast<decltype(placed.tags)>(glyph.tags.data());  // read only
+  placed.contours = const_cast<decltype(placed.contours)>(glyph.contours.data());
   placed.flags = glyph.flags;
   outline.clear();
   // The engine is no C++: no step may fail for want of memory inside it. A point ends at most one step and

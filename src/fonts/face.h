@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -27,8 +28,9 @@ struct Glyph {
   FT_Pos advance = 0;     ///< to the next pen position, 1/64 pixel
   int flags = 0;
   std::vector<FT_Vector> points;
-  std::vector<char> tags;
-  std::vector<short> contours;
+  // Their signs differ between versions of the engine.
+  std::vector<std::remove_pointer_t<decltype(FT_Outline::tags)>> tags;
+  std::vector<std::remove_pointer_t<decltype(FT_Outline::contours)>> contours;
 };
 
 /// One font file at one pixel size, with every glyph that was asked of it so far.
