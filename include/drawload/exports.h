@@ -4,7 +4,10 @@
 /* The door of the library: load one drawing, walk its results.
  *
  * One parse and one walk at a time, on the caller's thread. C programs see the three functions and opaque
- * objects; C++ programs see the result classes as well. */
+ * objects; C++ programs see the result classes as well.
+ *
+ * While it reads a PDF file the library writes notes to the process's standard output. A host whose output is
+ * data redirects it around DrawLoad_Z7. */
 
 #include <stdint.h>
 

@@ -4,12 +4,15 @@
 #include "file_draw.h"
 #include "file_segment.h"
 
+namespace drawload {
 class ResultStore;
+}
 
 /// A chain of segments. Copies are shallow and share the segments, which the walk frees at its end.
 class DRAWLOAD_API CFileCurve : public CFileDraw {
  public:
-  /// Allocates the sentinel of an empty segment list; the caller frees it.
+  /// Allocates the sentinel of an empty segment list with `new`. A `CFileGroup` that the curve is a member of
+  /// frees it with the segments; otherwise the caller does, with `delete`.
   CFileCurve();
   CFileCurve(const CFileCurve& other);
   CFileCurve& operator=(const CFileCurve& other);
@@ -31,7 +34,7 @@ class DRAWLOAD_API CFileCurve : public CFileDraw {
   std::uint32_t trailingWord;
 
  private:
-  friend class ResultStore;
+  friend class drawload::ResultStore;
   /// An empty curve around a sentinel that somebody else owns.
   explicit CFileCurve(FileSegment* sentinel);
 };

@@ -11,16 +11,21 @@ struct FileMember {
   FileMember* next;
 };
 
+namespace drawload {
 class ResultStore;
+}
 
 /// A list of result objects that are transformed together. The walk never hands one out. Copies are
 /// shallow and share the members, so only one of the copies may be destroyed.
+///
+/// A group owns its members and frees them by their `kind`: every node, every member and every segment of a
+/// member curve is made with plain `new`, each on its own. A member is never an object from the walk.
 class DRAWLOAD_API CFileGroup : public CFileDraw {
  public:
   CFileGroup();
   CFileGroup(const CFileGroup& other);
   CFileGroup& operator=(const CFileGroup& other);
-  /// Frees the member list and every member.
+  /// Frees every node, every member and all that members own.
   ~CFileGroup();
 
   void TransMove(double dx, double dy) override;
@@ -34,11 +39,11 @@ class DRAWLOAD_API CFileGroup : public CFileDraw {
   FileMember* memberHead;    ///< sentinel
   FileMember* memberCursor;  ///< iteration position, moved by the operations above
   std::int32_t memberCount;
-  platform::StringClass name;
+  drawload::StringClass name;
   alignas(8) std::uint64_t trailingValue;
 
  private:
-  friend class ResultStore;
+  friend class drawload::ResultStore;
   /// An empty group around a sentinel that somebody else owns.
   explicit CFileGroup(FileMember* sentinel);
 };

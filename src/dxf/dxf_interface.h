@@ -17,6 +17,9 @@
 
 /// Receives finished records from the walkers and files them in the document store: entities and objects are
 /// moved into it; table entries are copied, as a walker may add an open entry once more.
+///
+/// The order of the virtual operations is fixed. The `reserved` ones keep the places of four kinds of records
+/// that are not read, so that every other operation has its own place. They do nothing and have no caller.
 class DXF_Interface {
  public:
   DXF_Interface();

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-/// A list that only grows. Its copies share the values that they have in common, so that a record costs little
-/// however often it is stored while its list grows.
+/// A list that only grows. Its copies share the values that they have in common, so that a record costs
+/// little however often it is stored while its list grows.
 template <typename Value>
 class DXF_SharedList {
  public:

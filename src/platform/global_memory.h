@@ -9,6 +9,8 @@
 /// is the system's own.
 namespace platform {
 
+using drawload::GlobalHandle;
+
 constexpr unsigned kMoveable = 0x02;
 constexpr unsigned kZeroInitialised = 0x40;
 

@@ -5,6 +5,8 @@
 
 #include "platform/global_memory.h"
 
+namespace drawload {
+
 ResultStore::~ResultStore() {
   for (const CFileDib* dib : dibs) {
     if (dib->bitmap != nullptr) platform::GlobalFree(dib->bitmap);
@@ -83,3 +85,5 @@ void ResultStore::Append(CFileGroup& group, CFileDraw* object) {
   Append(group.memberHead, object);
   ++group.memberCount;
 }
+
+}  // namespace drawload

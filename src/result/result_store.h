@@ -8,6 +8,8 @@
 #include "drawload/file_group.h"
 #include "support/arena.h"
 
+namespace drawload {
+
 /// The memory of one parse's results. All that it makes lies one behind the other in large chunks, in the
 /// order of the drawing, lives as long as the store, and is freed with it at once; nobody deletes any of it.
 class ResultStore {
@@ -52,5 +54,9 @@ class ResultStore {
   CFileCurve* spareCurve = nullptr;
   std::vector<CFileGroup*> spareGroups;
 };
+
+}  // namespace drawload
+
+using drawload::ResultStore;
 
 #endif

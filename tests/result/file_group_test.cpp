@@ -1,5 +1,6 @@
 #include "drawload/file_group.h"
 
+#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -8,7 +9,6 @@
 #include "drawload/file_curve.h"
 #include "drawload/file_dib.h"
 #include "drawload/file_point.h"
-#include "platform/global_memory.h"
 #include "result/host_objects.h"
 
 namespace {
@@ -136,7 +136,7 @@ TEST(CFileGroup, FreesMembersOfEveryKind) {
   auto* curve = new CFileCurve;
   AppendSegment(*curve);
   auto* dib = new CFileDib;
-  dib->bitmap = platform::GlobalAlloc(platform::kZeroInitialised, 100);
+  dib->bitmap = std::malloc(100);
   dib->auxiliary = ::operator new(10);
   auto* inner = new CFileGroup;
   AppendMember(*inner, new CFilePoint);

@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace platform {
+namespace drawload {
 
 /// The string class of `CFileGroup::name`: the one place that decides it.
 using StringClass = std::string;
@@ -12,6 +12,6 @@ using StringClass = std::string;
 /// read the block without locking it first. On Windows it is an HGLOBAL: `GlobalLock` gives the address.
 using GlobalHandle = void*;
 
-}  // namespace platform
+}  // namespace drawload
 
 #endif
