@@ -1,4 +1,4 @@
-# What `cmake --install` puts where: library, program, public headers, CMake package, pkg-config file.
+# What `cmake --install` puts where: library, program, public headers, CMake package, pkg-config file, license, documents.
 include(CMakePackageConfigHelpers)
 
 set_target_properties(drawload_program PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
@@ -29,6 +29,8 @@ endforeach()
 install(FILES tools/drawload/completions/drawload.fish
   DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+install(FILES LICENSE NOTICE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md" PATTERN man EXCLUDE)
 
 # `cpack -G DEB` in the build folder makes a Debian package.
 set(CPACK_GENERATOR DEB)
@@ -42,4 +44,5 @@ set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS xdg-utils)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian_copyright.cmake)
 include(CPack)

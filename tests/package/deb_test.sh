@@ -30,3 +30,9 @@ for part in usr/share/man/man1/drawload.1 usr/share/man/man3/libdrawload.3 usr/i
   usr/share/bash-completion/completions/drawload usr/share/doc/drawload/examples/host/host.cpp; do
   [ -e "$root/$part" ] || [ -e "$root/$part.gz" ] || { echo "the package lacks $part"; exit 1; }
 done
+doc=$root/usr/share/doc/drawload
+cmp "$source/LICENSE" "$doc/copyright"
+[ ! -e "$doc/LICENSE" ] || { echo "the package has the license twice"; exit 1; }
+for file in "$source/NOTICE" "$source"/docs/*.md; do
+  cmp "$file" "$doc/$(basename "$file")"
+done

@@ -50,4 +50,12 @@ expect "$scratch/host_c" '^[1-9][0-9]* results$'
 for folder in site-functions vendor-completions; do
   [ -e "$plain/share/zsh/$folder/_drawload" ] || { echo "zsh finds no completion in $folder"; exit 1; }
 done
+
+# The license, what is compiled in, and the documents.
+for file in "$source"/LICENSE "$source"/NOTICE "$source"/docs/*.md; do
+  cmp "$file" "$plain/share/doc/drawload/$(basename "$file")"
+done
+for project in stb_image UTF8-CPP Boost CLI11 nlohmann-json; do
+  grep -q "$project" "$plain/share/doc/drawload/NOTICE" || { echo "NOTICE does not name $project"; exit 1; }
+done
 echo "the host programs and the installed program read $drawing"
