@@ -50,6 +50,15 @@ class BadInputTest(unittest.TestCase):
         opener.write_text(f'#!/bin/sh\nprintf %s "$1" >"{self.here}/opened"\n')
         opener.chmod(0o755)
 
+    def full_disk(self):
+        """The environment of a program whose disk is full. Blanks and colons separate the paths of LD_PRELOAD, so it
+        gets the library under a path without any."""
+        folder = tempfile.TemporaryDirectory(dir="/tmp")
+        self.addCleanup(folder.cleanup)
+        link = pathlib.Path(folder.name) / "full_disk.so"
+        link.symlink_to(FULL_DISK)
+        return {"LD_PRELOAD": str(link), "FULL_DISK_BYTES": "16000"}
+
     def run_program(self, *arguments, extra=None, **options):
         path = f"{self.here}/bin:{os.environ['PATH']}"
         environment = {**os.environ, "TMPDIR": str(self.temporary), "PATH": path, **(extra or {})}
@@ -221,7 +230,7 @@ class BadInputTest(unittest.TestCase):
         self.assertEqual(sorted(p.name for p in self.out.iterdir()), ["report.csv", "report.json"])
 
     def test_a_full_disk(self):
-        self.check_no_room("no space is left on the disk", extra={"LD_PRELOAD": FULL_DISK, "FULL_DISK_BYTES": "16000"})
+        self.check_no_room("no space is left on the disk", extra=self.full_disk())
 
     def test_a_limit_on_the_size_of_files(self):
         self.check_no_room("larger than is allowed", preexec_fn=at_most(16_000))
@@ -229,8 +238,7 @@ class BadInputTest(unittest.TestCase):
     def test_an_output_stays_as_it_was_where_the_disk_is_full(self):
         self.drawing.write_text(drawing(1000))
         (self.out / "x.svg").write_text("mine")
-        full = {"LD_PRELOAD": FULL_DISK, "FULL_DISK_BYTES": "16000"}
-        done = self.run_program("convert", "--force", self.drawing, "-o", self.out / "x.svg", extra=full)
+        done = self.run_program("convert", "--force", self.drawing, "-o", self.out / "x.svg", extra=self.full_disk())
         self.assert_fails(done, "x.svg'", "no space")
         self.assertEqual((self.out / "x.svg").read_text(), "mine")
 
