@@ -55,7 +55,7 @@ class WindowsTest(unittest.TestCase):
     def test_the_seam_compiles_and_lacks_nothing(self):
         source = self.root / "src"
         seam = [*sorted((source / "platform").glob("*.cpp")), *sorted((source / "platform/windows").glob("*.cpp"))]
-        users = [source / "support" / name for name in ("broken_pipe_guard.cpp", "file_bytes.cpp", "large_block.cpp", "text_to_number.cpp")]
+        users = [source / "support" / name for name in ("account.cpp", "broken_pipe_guard.cpp", "file_bytes.cpp", "large_block.cpp", "text_to_number.cpp")]
         use = self.root / "tests/platform/windows_seam_use.cpp"
         with tempfile.TemporaryDirectory() as folder:
             self.check("-std=c++20", "-static", *seam, *users, use, "-o", pathlib.Path(folder) / "seam.exe")
