@@ -43,7 +43,8 @@ class StreamedPdf {
            "/Type/ObjStm/N " + std::to_string(streamedCount) + "/First " + std::to_string(pairs.size()));
     const std::size_t start = maker.file.size();
     const std::string size = std::to_string(container + 1);
-    maker.Stream(container + 1, "/Type/XRef/W[1 4 0]/Size " + size + "/Root " + std::to_string(catalog) + " 0 R",
+    maker.Stream(container + 1,
+                 "/Type/XRef/W[1 4 0]/Size " + size + "/Root " + std::to_string(catalog) + " 0 R",
                  Rows(container));
     maker.End(start);
     return maker.file;
