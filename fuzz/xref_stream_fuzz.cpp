@@ -30,6 +30,8 @@ void Run(std::string_view input) {
     pdf::ParseXrefStream(reader, rows, layout, section);
   } catch (const std::out_of_range&) {
     // An index or an object stream that breaks off ends the read.
+  } catch (const std::runtime_error&) {
+    // So does an object stream that is a picture which cannot be read.
   }
   for (const auto& [number, text] : section.streamedTexts) fuzz::Touch(text);
   for (int number = 0; number < 16; ++number) {

@@ -24,7 +24,7 @@ bool ParseXrefStream(PdfFileReader& reader, std::string_view decoded, const PdfX
                      PdfXrefSection& section);
 
 /// Takes the objects of an object stream into `section`. Throws `std::out_of_range` where the stream does not
-/// hold what it announces.
+/// hold what it announces, and `std::runtime_error` where its filter makes it a picture that cannot be read.
 void ExpandObjectStream(PdfFileReader& reader, PdfXrefSection& section, std::int32_t objectNumber);
 
 }  // namespace pdf

@@ -180,6 +180,11 @@ TEST(ExpandObjectStream, TakesAllForAFirstBehindTheEnd) {
   EXPECT_EQ(expansion.section.streamedTexts.at(11), "");
 }
 
+TEST(ExpandObjectStream, FailsAsAPictureThatCannotBeRead) {
+  EXPECT_THROW(Expansion("1 0 obj<</N 1 /First 5 /Length 5 /Filter/JPXDecode>>stream\n11 0 endobj"),
+               std::runtime_error);
+}
+
 TEST(ExpandObjectStream, DoesNotFollowALengthByReference) {
   // "9 0 R" gives a length of 9.
   const Expansion expansion("1 0 obj<</N 1 /First 5 /Length 9 0 R>>stream\n11 0 abcdefgh endobj");
