@@ -34,10 +34,10 @@ class WorkUsedUp final : public BeyondAllowance {};
 
 /// Counts what one read holds and what it does, against its allowance.
 ///
-/// Memory is counted where it is taken: each `new` of the library (counted_new.cpp), each large block and each
-/// block of the C libraries that accept an allocator. Work is counted in bytes moved, roughly a nanosecond
-/// each: every byte allocated, and what `SpendWork` adds for work without allocations that goes beyond one
-/// pass over the file.
+/// Memory is counted where it is taken: each `new` of the library (counted_new.cpp), each large block and
+/// each block of the C libraries that accept an allocator. Work is counted in bytes moved, roughly a
+/// nanosecond each: every byte allocated, and what `SpendWork` adds for work without allocations that goes
+/// beyond one pass over the file.
 class Account {
  public:
   Account() : allowance(Allowance::Of(0)) {}
@@ -143,8 +143,8 @@ class AccountItem {
   bool isOutermost;
 };
 
-/// Runs `item` from its begin to its end. Where the account refuses something, the item ends with what it has;
-/// where its work is used up, so do the items around it. Returns whether it came to its end.
+/// Runs `item` from its begin to its end. Where the account refuses something, the item ends with what it
+/// has; where its work is used up, so do the items around it. Returns whether it came to its end.
 template <typename Item>
 bool RunItem(Item&& item) {
   AccountItem guard(Account::Current());

@@ -14,12 +14,12 @@ import unittest
 
 PROGRAM = sys.argv.pop(1)
 SOURCE = pathlib.Path(sys.argv.pop(1)).resolve()
-COMMANDS = ("info", "convert", "view", "batch")
+COMMANDS = ("info", "check", "convert", "view", "batch")
 
 
 def long_options(*arguments):
     text = subprocess.run([PROGRAM, *arguments, "--help"], capture_output=True, check=True, timeout=60).stdout.decode()
-    return set(re.findall(r"(?<![\w-])--([a-z]+)", text.split("Examples:")[0]))
+    return set(re.findall(r"(?<![\w-])--([a-z][a-z-]*)", text.split("Examples:")[0]))
 
 
 ALL_OPTIONS = set().union(long_options(), *(long_options(command) for command in COMMANDS))
@@ -36,18 +36,18 @@ class DocumentsTest(unittest.TestCase):
 
     def test_the_man_page_tells_every_option_and_no_other(self):
         page = (SOURCE / "docs/man/drawload.1").read_text().replace("\\-", "-")
-        told = set(re.findall(r"(?<![\w-])--([a-z]+)", page))
+        told = set(re.findall(r"(?<![\w-])--([a-z][a-z-]*)", page))
         self.assertEqual(told, ALL_OPTIONS)
 
     def test_bash_and_zsh_complete_every_option(self):
         for name in ("drawload.bash", "_drawload"):
             with self.subTest(name=name):
                 text = (SOURCE / "tools/drawload/completions" / name).read_text()
-                self.assertEqual(set(re.findall(r"(?<![\w-])--([a-z]+)", text)) - {"help"}, ALL_OPTIONS - {"help"})
+                self.assertEqual(set(re.findall(r"(?<![\w-])--([a-z][a-z-]*)", text)) - {"help"}, ALL_OPTIONS - {"help"})
 
     def test_fish_completes_every_option(self):
         text = (SOURCE / "tools/drawload/completions/drawload.fish").read_text()
-        self.assertEqual(set(re.findall(r" -l ([a-z]+)", text)), ALL_OPTIONS)
+        self.assertEqual(set(re.findall(r" -l ([a-z][a-z-]*)", text)), ALL_OPTIONS)
 
     def test_bash_takes_its_completion_and_offers_the_commands(self):
         script = (
@@ -147,8 +147,12 @@ class DocumentsTest(unittest.TestCase):
             drawing, out = SOURCE / "examples/nameplate.svg", pathlib.Path(folder)
             run = lambda *arguments: subprocess.run([PROGRAM, *arguments], capture_output=True, check=True, timeout=60).stdout
             (file,) = json.loads(run("info", "--json", drawing))["files"]
-            self.check_documented("drawload info", file, file["bounds"], file["colors"][0], file["bitmaps"][0],
+            self.check_documented("drawload info", file, file["bounds"], file["check"], file["colors"][0], file["bitmaps"][0],
                                   *file["groups"], *(group["settings"] for group in file["groups"]))
+            report = subprocess.run([PROGRAM, "check", "--json", drawing], capture_output=True, timeout=60).stdout
+            (file,) = json.loads(report)["files"]
+            places = [place for findings in file["findings"] for place in findings["places"]]
+            self.check_documented("drawload check", file, *file["findings"], *places)
             run("convert", drawing, "-o", out / "a.json")
             results = json.loads((out / "a.json").read_text())["results"]
             self.assertEqual({result["kind"] for result in results}, {"curve", "bitmap"})

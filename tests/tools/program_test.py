@@ -231,8 +231,8 @@ class ProgramTest(unittest.TestCase):
             done = run(word)
             self.assertEqual(done.returncode, 2)
             self.assertIn(f"drawload: '{word}' is not a command".encode(), done.stderr)
-            self.assertIn(b"info, convert, view or batch", done.stderr)
-        self.assertIn(b"info, convert, view or batch", run().stderr)
+            self.assertIn(b"info, check, convert, view or batch", done.stderr)
+        self.assertIn(b"info, check, convert, view or batch", run().stderr)
 
     def test_every_complaint_about_usage_says_who_complains(self):
         for arguments in ([], ["shred"], ["info"], ["convert", self.drawing], ["info", "--jsn", self.drawing]):

@@ -311,6 +311,63 @@ class ViewerTest(unittest.TestCase):
         self.browser.run("document.getElementById('theme').click()")
         self.assertNotEqual(self.browser.run(color), before)
 
+    def test_a_page_without_findings_has_no_list_of_them(self):
+        self.open_drawing('<rect x="10" y="20" width="80" height="40" stroke="red"/>')
+        self.assertIsNone(self.browser.run("return document.getElementById('findings')"))
+
+    def open_doubled(self):
+        """A square, its lower edge again, and a line of 40 mm beside it."""
+        self.open_drawing('<rect x="10" y="10" width="40" height="40" stroke="red"/><path d="M10 50L50 50" stroke="red"/>'
+                          '<path d="M70 30L70 70" stroke="red"/>')
+
+    def test_the_findings_are_listed(self):
+        self.open_doubled()
+        self.assertEqual(self.text_of("findings").splitlines()[:2], ["1 segment drawn before, 40 mm", "1 open contour (may be meant)"])
+
+    def test_a_click_on_a_finding_brings_its_place_into_the_middle(self):
+        self.open_doubled()
+        self.browser.run("document.querySelector('button[data-code=open]').click()")
+        self.browser.settle()
+        x, y = self.browser.run("const area = freeArea(); return toPage(area.left + area.width / 2, area.top + area.height / 2)")
+        # The start of the open line: (70, 30) of the page, whose y runs down from 100.
+        self.assertAlmostEqual(x, 70, places=6)
+        self.assertAlmostEqual(y, 70, places=6)
+        self.assertEqual(self.text_of("place"), "place 1 of 1")
+        self.assertIn("40.000 mm", self.text_of("object"))
+        self.assertEqual(self.browser.run("return document.querySelector('button[data-code=open]').ariaPressed"), "true")
+
+    def test_clicks_on_a_finding_go_through_its_places(self):
+        self.open_drawing("".join(f'<path d="M{x} 10L{x} 90" stroke="red"/>' for x in (20, 40, 60)))
+        places = []
+        for _ in range(4):
+            self.browser.run("document.querySelector('button[data-code=open]').click()")
+            places.append(self.text_of("place"))
+        self.assertEqual(places, ["place 1 of 3", "place 2 of 3", "place 3 of 3", "place 1 of 3"])
+
+    def test_the_chosen_finding_is_marked_in_its_color(self):
+        self.open_doubled()
+        blue = """let found = 0; const data = pen.getImageData(0, 0, canvas.width, canvas.height).data;
+            for (let i = 0; i < data.length; i += 4) if (data[i + 2] > 200 && data[i] < 60 && data[i + 3] > 200) ++found;
+            return found;"""
+        self.browser.settle()
+        self.assertEqual(self.browser.run(blue), 0)
+        self.browser.run("document.querySelector('button[data-code=open]').click()")
+        self.browser.settle()
+        self.assertGreater(self.browser.run(blue), 100)
+
+    def test_duplicates_can_be_hidden(self):
+        self.open_drawing('<path d="M10 20L90 20" stroke="red"/><path d="M10 20L90 20" stroke="red"/>')
+        self.assertEqual(self.browser.run("return segments.filter((s) => isRepeated.has(s)).length"), 1)
+        whole = self.ink()
+        self.browser.run("document.getElementById('repeated').click()")
+        self.assertAlmostEqual(self.ink() / whole, 1.0, delta=0.02)  # the place is drawn once still
+        self.assertEqual(self.browser.run("return withoutRepeated(pieces[0]).parts.length"), 1)
+        self.assertEqual(self.browser.run("return pieces[0].parts.length"), 2)
+
+    def test_a_drawing_without_duplicates_offers_none_to_hide(self):
+        self.open_drawing('<path d="M10 20L90 20" stroke="red"/>')
+        self.assertTrue(self.browser.run("return document.getElementById('repeated').parentElement.hidden"))
+
     def test_a_hundred_thousand_segments_arrive_and_draw(self):
         lines = "".join(
             f"0\nLINE\n8\n0\n10\n{i % 400}\n20\n{i // 400}\n11\n{i % 400 + 1}\n21\n{i // 400 + 1}\n" for i in range(100_000)

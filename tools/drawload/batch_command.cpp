@@ -23,17 +23,21 @@ volatile sig_atomic_t interrupted = 0;
 
 /// Reads one drawing and writes its output: what a worker does.
 WorkReport ConvertOne(const std::string& input, const std::string& output, OutputFormat format, bool replace,
-                      LibraryNotes notes) {
-  const Job job = LoadJob(input, notes);
+                      const MendOptions& mend, LibraryNotes notes) {
+  Job job = LoadJob(input, notes);
   if (job.results.empty()) {
     return {IsReadableFile(input) ? FileStatus::kEmpty : FileStatus::kFailed, 0, WhyNothingRead(input)};
   }
   MakeFolder(fs::path(output).parent_path().string());
+  const std::size_t results = job.results.size();
+  const std::vector<std::string> mended = Mend(job, mend);
   const Conversion conversion = ConvertJob(job, format, {});
   WriteOutputFile(output, conversion.bytes, replace);
   std::string message = job.dropped > 0 ? NotFiniteLeftOut(job.dropped) : "";
-  for (const std::string& warning : conversion.warnings) message += (message.empty() ? "" : "; ") + warning;
-  return {FileStatus::kOk, job.results.size(), message};
+  for (const auto* texts : {&mended, &conversion.warnings}) {
+    for (const std::string& text : *texts) message += (message.empty() ? "" : "; ") + text;
+  }
+  return {FileStatus::kOk, results, message};
 }
 
 /// One line that renews itself on a terminal, plain lines elsewhere.
@@ -142,12 +146,14 @@ void Batch::Start(std::size_t index) {
   const std::string output = OutputPath(index);
   const OutputFormat to = format;
   const bool replace = options.replace;
+  const MendOptions mend = options.mend;
   const LibraryNotes notes = options.notes;
   std::error_code unknown;
   const bool replaces = fs::exists(fs::symlink_status(output, unknown));
-  running.push_back({index, replaces,
-                     std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace, notes); },
-                                              options.timeout)});
+  running.push_back(
+      {index, replaces,
+       std::make_unique<Worker>([=] { return ConvertOne(input, output, to, replace, mend, notes); },
+                                options.timeout)});
 }
 
 void Batch::CleanBehind(const Running& slot) const {

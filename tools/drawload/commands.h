@@ -6,6 +6,8 @@
 
 #include "job.h"
 #include "picture.h"
+#include "preflight/findings.h"
+#include "preflight/mending.h"
 
 /// Exit statuses of the program.
 enum ExitStatus : int {
@@ -28,14 +30,30 @@ struct ConvertOptions {
   std::string output;
   bool replace = false;
   PictureSize pictureSize;
+  MendOptions mend;
   LibraryNotes notes = LibraryNotes::kHidden;
 };
+
+struct CheckCommandOptions {
+  std::vector<std::string> inputs;
+  CheckOptions check;
+  std::vector<std::string> ignored;  ///< codes
+  std::vector<double> bed;           ///< nothing, or width and height
+  bool json = false;
+  std::string output;  ///< empty, or a report with a picture
+  bool replace = false;
+  LibraryNotes notes = LibraryNotes::kHidden;
+};
+
+/// Reports what will go wrong on the machine. Done only where nothing of weight is found.
+int RunCheck(CheckCommandOptions options);
 
 /// Writes the results of the input in the format that the output's extension names.
 int RunConvert(const ConvertOptions& options);
 
 struct ViewOptions {
   std::string input;
+  MendOptions mend;
   LibraryNotes notes = LibraryNotes::kHidden;
 };
 
@@ -50,6 +68,7 @@ struct BatchOptions {
   double timeout = 60.0;  ///< seconds a file
   bool replace = false;
   bool resume = false;
+  MendOptions mend;
   LibraryNotes notes = LibraryNotes::kHidden;
 };
 

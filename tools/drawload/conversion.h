@@ -7,6 +7,7 @@
 
 #include "job.h"
 #include "picture.h"
+#include "preflight/findings.h"
 
 enum class OutputFormat { kSvg, kPng, kHtml, kJson };
 
@@ -25,5 +26,9 @@ struct Conversion {
 /// Throws std::runtime_error, which tells the drawing's name, where the job has no form in that format (a
 /// picture too large) or memory is short.
 Conversion ConvertJob(const Job& job, OutputFormat format, PictureSize size);
+
+/// The drawing with its findings marked, as a picture or a viewer page. Throws as the above.
+std::string ConvertReport(const Job& job, const Report& report, const std::optional<Point>& bed,
+                          OutputFormat format);
 
 #endif

@@ -24,6 +24,12 @@ std::optional<Job> LoadOrComplain(const std::string& input, LibraryNotes notes) 
   return job;
 }
 
+/// Mends the job, and tells on standard error what was done.
+void MendAndTell(Job& job, const MendOptions& options) {
+  for (const std::string& done : Mend(job, options))
+    Complain(std::string("'").append(Shown(job.path)).append("': ") + done);
+}
+
 }  // namespace
 
 int RunConvert(const ConvertOptions& options) {
@@ -33,9 +39,10 @@ int RunConvert(const ConvertOptions& options) {
              "': end its name in .svg, .png, .html or .json");
     return kWrongUsage;
   }
-  const std::optional<Job> job = LoadOrComplain(options.input, options.notes);
+  std::optional<Job> job = LoadOrComplain(options.input, options.notes);
   if (!job) return kNothingRead;
   try {
+    MendAndTell(*job, options.mend);
     const Conversion conversion = ConvertJob(*job, *format, options.pictureSize);
     WriteOutputFile(options.output, conversion.bytes, options.replace);
     for (const std::string& warning : conversion.warnings)
@@ -48,8 +55,9 @@ int RunConvert(const ConvertOptions& options) {
 }
 
 int RunView(const ViewOptions& options) {
-  const std::optional<Job> job = LoadOrComplain(options.input, options.notes);
+  std::optional<Job> job = LoadOrComplain(options.input, options.notes);
   if (!job) return kNothingRead;
+  MendAndTell(*job, options.mend);
   // The browser reads the page after this program has ended, so the folder stays; it is the user's alone.
   const char* chosen = std::getenv("TMPDIR");
   std::string folder =

@@ -1,5 +1,6 @@
 #include "html_writer.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <map>
@@ -11,6 +12,7 @@
 #include "json_writer.h"
 #include "page_template.h"
 #include "png_image.h"
+#include "preflight/report_text.h"
 
 namespace {
 
@@ -150,15 +152,24 @@ std::string InScript(std::string_view json) {
 
 }  // namespace
 
-std::string WriteHtml(const Job& job) {
-  constexpr std::string_view kTitle = "@TITLE@";
-  constexpr std::string_view kJob = "@JOB@";
-  const std::size_t title = kPageTemplate.find(kTitle);
-  const std::size_t data = kPageTemplate.find(kJob);
-  std::string page(kPageTemplate.substr(0, title));
-  page += Escaped(NameOf(job.path));
-  page += kPageTemplate.substr(title + kTitle.size(), data - title - kTitle.size());
-  page += InScript(JobAsJson(job));
-  page += kPageTemplate.substr(data + kJob.size());
-  return page;
+std::string WriteHtml(const Job& job, const Report& report) {
+  const bool hasFindings = !report.findings.empty();
+  const auto added = [hasFindings](std::string_view part) { return std::string(hasFindings ? part : ""); };
+  const std::array<std::pair<std::string_view, std::string>, 5> parts{
+      {{"@TITLE@", Escaped(NameOf(job.path))},
+       {"@FINDINGS_STYLE@", added(kFindingsStyle)},
+       {"@FINDINGS_PANEL@", added(kFindingsPanel)},
+       {"@JOB@", InScript(JobAsJson(job))},
+       {"@FINDINGS_SCRIPT@", hasFindings ? "const preflight = " + InScript(FindingsForPage(report)) + ";\n" +
+                                               std::string(kFindingsScript)
+                                         : ""}}};
+  std::string page;
+  std::string_view rest = kPageTemplate;
+  for (const auto& [mark, text] : parts) {
+    const std::size_t place = rest.find(mark);
+    page += rest.substr(0, place);
+    page += text;
+    rest.remove_prefix(place + mark.size());
+  }
+  return page.append(rest);
 }

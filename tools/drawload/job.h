@@ -56,6 +56,8 @@ struct Segment {
   Point end;
   Point control1;
   Point control2;
+
+  bool operator==(const Segment&) const = default;
 };
 
 /// A chain of segments. `color` is 0xRRGGBB.

@@ -74,6 +74,12 @@ Json SummaryJson(const Summary& summary) {
           {"bounds", BoundsJson(summary.bounds)},
           {"cutLengthMm", summary.cutLength},
           {"travelLengthMm", summary.travelLength},
+          {"check",
+           {{"duplicates", summary.check.duplicates},
+            {"duplicatesMm", summary.check.duplicateLength},
+            {"contoursClosed", summary.check.contoursClosed},
+            {"contoursOpen", summary.check.contoursOpen},
+            {"outlinesTooEarly", summary.check.outlinesTooEarly}}},
           {"colors", std::move(colors)},
           {"bitmaps", std::move(bitmaps)},
           {"groups", std::move(groups)}};

@@ -18,6 +18,8 @@ constexpr char kExamples[] =
     "Examples:\n"
     "  drawload info bracket.dxf\n"
     "  drawload info --json *.svg\n"
+    "  drawload check bracket.dxf --bed 600,400\n"
+    "  drawload convert bracket.dxf -o clean.svg --drop-duplicates --join 0.05 --inside-first\n"
     "  drawload convert bracket.dxf -o bracket.svg\n"
     "  drawload convert bracket.dxf -o bracket.png --width 800\n"
     "  drawload convert bracket.dxf -o bracket.html   a page that shows the order of work\n"
@@ -38,7 +40,20 @@ std::string UsageMessage(const CLI::App* app, const CLI::Error& error) {
   }
   const std::vector<std::string> words = app->remaining();
   if (!words.empty()) text.append("'").append(Shown(words.front())).append("' is not a command; ");
-  return text + "name info, convert, view or batch first; 'drawload --help' has examples\n";
+  return text + "name info, check, convert, view or batch first; 'drawload --help' has examples\n";
+}
+
+void AddMendOptions(CLI::App* command, MendOptions& mend) {
+  command->add_flag("--drop-duplicates", mend.dropDuplicates, "Leave out segments that are drawn before");
+  command->add_option("--join", mend.join, "Join loose pieces whose ends are so near, in mm")
+      ->check(CLI::Range(0.0, 100.0));
+  command->add_flag("--inside-first", mend.insideFirst,
+                    "Cut what lies inside an outline before it, with short travel");
+  command
+      ->add_option("--simplify", mend.simplify, "Leave out points of lines that change them by less, in mm")
+      ->check(CLI::Range(0.0, 100.0));
+  command->add_option("--tolerance", mend.tolerance, "How near duplicates lie, in mm (0.01)")
+      ->check(CLI::Range(0.0, 10.0));
 }
 
 }  // namespace
@@ -61,6 +76,25 @@ int main(int argc, char** argv) {
   infoCommand->add_option("FILE", info.inputs, "Drawings to read")->required();
   infoCommand->add_flag("--json", info.json, "Print JSON, for programs");
 
+  CheckCommandOptions check;
+  CLI::App* checkCommand = app.add_subcommand("check", "Report what will go wrong on the machine");
+  checkCommand->add_option("FILE", check.inputs, "Drawings to check")->required();
+  checkCommand->add_flag("--json", check.json, "Print JSON, for programs");
+  checkCommand->add_option("-o,--output", check.output, "Report with a picture to write: .html or .png");
+  checkCommand->add_flag("-f,--force", check.replace, "Replace the report if it exists");
+  checkCommand
+      ->add_option("--tolerance", check.check.tolerance, "What counts as the same place, in mm (0.01)")
+      ->check(CLI::Range(0.0, 10.0));
+  checkCommand->add_option("--bed", check.bed, "Size of the bed from (0, 0) on, in mm: W,H")
+      ->delimiter(',')
+      ->expected(2)
+      ->check(CLI::PositiveNumber);
+  checkCommand
+      ->add_option("--ignore", check.ignored, "Code of findings to pass over, as duplicate; may repeat")
+      ->delimiter(',')
+      ->expected(1)
+      ->take_all();
+
   ConvertOptions convert;
   CLI::App* convertCommand =
       app.add_subcommand("convert", "Write what will be cut: SVG, PNG, JSON or a viewer page");
@@ -75,10 +109,12 @@ int main(int argc, char** argv) {
   convertCommand
       ->add_option("--width", convert.pictureSize.width, "Width of a PNG in pixels, instead of --dpi")
       ->check(CLI::Range(1, 32767));
+  AddMendOptions(convertCommand, convert.mend);
 
   ViewOptions view;
   CLI::App* viewCommand = app.add_subcommand("view", "Open the viewer page of a drawing in the browser");
   viewCommand->add_option("FILE", view.input, "Drawing to read")->required();
+  AddMendOptions(viewCommand, view.mend);
 
   BatchOptions batch;
   batch.jobs = std::max(1U, std::thread::hardware_concurrency());
@@ -93,11 +129,13 @@ int main(int argc, char** argv) {
       ->check(CLI::Range(0.001, 1e6));
   batchCommand->add_flag("-f,--force", batch.replace, "Replace outputs that exist");
   batchCommand->add_flag("--resume", batch.resume, "Go on with what the report in the output folder leaves");
+  AddMendOptions(batchCommand, batch.mend);
 
   try {
     app.parse(argc, argv);
-    info.notes = convert.notes = view.notes = batch.notes = NotesFor(verbose);
+    info.notes = check.notes = convert.notes = view.notes = batch.notes = NotesFor(verbose);
     if (infoCommand->parsed()) return RunInfo(info);
+    if (checkCommand->parsed()) return RunCheck(check);
     if (convertCommand->parsed()) return RunConvert(convert);
     return viewCommand->parsed() ? RunView(view) : RunBatch(batch);
   } catch (const CLI::ParseError& error) {

@@ -8,6 +8,8 @@
 
 #include "colors.h"
 #include "geometry.h"
+#include "preflight/layers.h"
+#include "preflight/marks.h"
 
 namespace {
 
@@ -15,7 +17,7 @@ constexpr double kMargin = 8.0;  // pixels
 constexpr double kMostPixels = 32767.0;
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
-using Canvas = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
+using CanvasHandle = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
 
 void Check(cairo_status_t status) {
   if (status != CAIRO_STATUS_SUCCESS)
@@ -27,7 +29,7 @@ void SetColor(cairo_t* canvas, std::uint32_t color) {
                        (color & 0xFF) / 255.0);
 }
 
-void Draw(cairo_t* canvas, const Curve& curve) {
+void Draw(cairo_t* canvas, const Curve& curve, std::uint32_t color) {
   if (curve.segments.empty()) return;
   const Segment* previous = nullptr;
   for (const Segment& s : curve.segments) {
@@ -39,7 +41,7 @@ void Draw(cairo_t* canvas, const Curve& curve) {
     }
     previous = &s;
   }
-  SetColor(canvas, curve.color);
+  SetColor(canvas, color);
   // The path is in millimetres, the pen in pixels.
   cairo_save(canvas);
   cairo_identity_matrix(canvas);
@@ -87,34 +89,78 @@ double PixelsPerMillimetre(const Box& box, PictureSize size) {
   return std::min(kUsualDpi / 25.4, kUsualPixels / std::max({box.Width(), box.Height(), 1e-6}));
 }
 
+/// A picture of a drawing whose bounds are `box`, `above` pixels below its upper edge.
+class Picture {
+ public:
+  Picture(Box bounds, PictureSize size, std::uint32_t pageColor, double above, double leastWidth)
+      : box(bounds.IsEmpty() ? Box{0.0, 0.0, 1.0, 1.0} : bounds), scale(PixelsPerMillimetre(box, size)) {
+    const double width = std::max(std::ceil(box.Width() * scale + 2 * kMargin), leastWidth);
+    height = std::ceil(box.Height() * scale + 2 * kMargin) + above;
+    if (!(width <= kMostPixels && height <= kMostPixels)) {
+      throw std::runtime_error(
+          "the picture would be larger than 32,767 pixels; choose a lower --dpi or a --width");
+    }
+    surface.reset(
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)));
+    Check(cairo_surface_status(surface.get()));
+    canvas.reset(cairo_create(surface.get()));
+    SetColor(canvas.get(), pageColor);
+    cairo_paint(canvas.get());
+    // y up, with the lower left corner of the bounds one margin inside the picture
+    const cairo_matrix_t page{
+        scale, 0.0, 0.0, -scale, kMargin - box.minX * scale, height - kMargin + box.minY * scale};
+    cairo_set_matrix(canvas.get(), &page);
+  }
+
+  cairo_t* Canvas() { return canvas.get(); }
+
+  std::string Png() {
+    Check(cairo_status(canvas.get()));
+    std::string bytes;
+    Check(cairo_surface_write_to_png_stream(surface.get(), AppendBytes, &bytes));
+    return bytes;
+  }
+
+ private:
+  Box box;
+  double scale;
+  double height = 0.0;
+  Surface surface{nullptr, cairo_surface_destroy};
+  CanvasHandle canvas{nullptr, cairo_destroy};
+};
+
 }  // namespace
 
 std::string DrawPng(const Job& job, PictureSize size) {
-  Box box = BoundsOf(job);
-  if (box.IsEmpty()) box = {0.0, 0.0, 1.0, 1.0};
-  const double scale = PixelsPerMillimetre(box, size);
-  const double width = std::ceil(box.Width() * scale + 2 * kMargin);
-  const double height = std::ceil(box.Height() * scale + 2 * kMargin);
-  if (!(width <= kMostPixels && height <= kMostPixels)) {
-    throw std::runtime_error(
-        "the picture would be larger than 32,767 pixels; choose a lower --dpi or a --width");
-  }
-  const Surface surface(
-      cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)),
-      cairo_surface_destroy);
-  Check(cairo_surface_status(surface.get()));
-  const Canvas canvas(cairo_create(surface.get()), cairo_destroy);
-  SetColor(canvas.get(), PageColorFor(job));
-  cairo_paint(canvas.get());
-  // y up, with the lower left corner of the bounds one margin inside the picture
-  const cairo_matrix_t page{
-      scale, 0.0, 0.0, -scale, kMargin - box.minX * scale, height - kMargin + box.minY * scale};
-  cairo_set_matrix(canvas.get(), &page);
+  Picture picture(BoundsOf(job), size, PageColorFor(job), 0.0, 0.0);
   for (const Result& result : job.results) {
-    std::visit([&canvas](const auto& value) { Draw(canvas.get(), value); }, result);
+    if (const auto* curve = std::get_if<Curve>(&result)) {
+      Draw(picture.Canvas(), *curve, curve->color);
+    } else {
+      Draw(picture.Canvas(), std::get<Bitmap>(result));
+    }
   }
-  Check(cairo_status(canvas.get()));
-  std::string bytes;
-  Check(cairo_surface_write_to_png_stream(surface.get(), AppendBytes, &bytes));
-  return bytes;
+  return picture.Png();
+}
+
+std::string DrawReportPng(const Job& job, const Report& report, const std::optional<Point>& bed,
+                          PictureSize size) {
+  constexpr std::uint32_t kGrey = 0xA8A8A8;
+  Box box;
+  for (const Result& result : job.results) {
+    if (IsWithinReach(result)) std::visit([&box](const auto& value) { box.Include(value.bounds); }, result);
+  }
+  if (bed) box.Include({0.0, 0.0, bed->x, bed->y});
+  Picture picture(box, size, kWhitePage, LegendHeight(report), kLegendWidth);
+  for (const Result& result : job.results) {
+    if (!IsWithinReach(result)) continue;
+    if (const auto* curve = std::get_if<Curve>(&result)) {
+      Draw(picture.Canvas(), *curve, kGrey);
+    } else {
+      Draw(picture.Canvas(), std::get<Bitmap>(result));
+    }
+  }
+  DrawMarks(picture.Canvas(), job, report, bed);
+  DrawLegend(picture.Canvas(), report);
+  return picture.Png();
 }

@@ -5,6 +5,8 @@
 #include <tuple>
 
 #include "messages.h"
+#include "preflight/check.h"
+#include "preflight/mending.h"
 
 namespace {
 
@@ -105,6 +107,31 @@ std::string GroupText(const SettingsGroup& group) {
   return text;
 }
 
+CheckFacts CheckFactsOf(const Job& job) {
+  const Report report = CheckJob(job, {});
+  CheckFacts facts;
+  facts.contoursClosed = report.closedContours;
+  facts.contoursOpen = report.openContours;
+  if (const Findings* duplicates = report.Of(Code::kDuplicate)) {
+    facts.duplicates = duplicates->count;
+    facts.duplicateLength = duplicates->length;
+  }
+  if (const Findings* order = report.Of(Code::kOrder)) facts.outlinesTooEarly = order->count;
+  return facts;
+}
+
+std::string CheckLine(const CheckFacts& facts) {
+  std::string text = "  check      " + Counted(facts.duplicates, "duplicate");
+  if (facts.duplicates > 0) text += " (" + LengthText(facts.duplicateLength) + ")";
+  text += ", " + Counted(facts.contoursClosed, "contour") + " closed, " + std::to_string(facts.contoursOpen) +
+          " open";
+  if (facts.outlinesTooEarly > 0) {
+    text += ", order: " + Counted(facts.outlinesTooEarly, "outline") +
+            (facts.outlinesTooEarly == 1 ? " before what lies inside it" : " before what lies inside them");
+  }
+  return text + "\n";
+}
+
 }  // namespace
 
 Summary Summarize(const Job& job) {
@@ -119,6 +146,7 @@ Summary Summarize(const Job& job) {
   }
   summary.bounds = BoundsOf(job);
   summary.travelLength = TravelOf(job);
+  summary.check = CheckFactsOf(job);
   return summary;
 }
 
@@ -141,6 +169,7 @@ std::string SummaryText(const Summary& summary) {
   if (summary.dropped > 0) {
     text += "  left out   " + Counted(summary.dropped, "result") + " with coordinates that are not finite\n";
   }
+  text += CheckLine(summary.check);
   return text;
 }
 

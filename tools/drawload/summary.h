@@ -27,6 +27,15 @@ struct BitmapFacts {
   double dpiY = 0.0;
 };
 
+/// The check of a drawing in short; `drawload check` tells the rest.
+struct CheckFacts {
+  std::size_t duplicates = 0;
+  double duplicateLength = 0.0;  ///< millimetres
+  std::size_t contoursClosed = 0;
+  std::size_t contoursOpen = 0;
+  std::size_t outlinesTooEarly = 0;  ///< cut before what lies inside them
+};
+
 /// What `drawload info` tells of one drawing. Lengths in millimetres.
 struct Summary {
   std::string path;
@@ -41,6 +50,7 @@ struct Summary {
   double cutLength = 0.0;
   double travelLength = 0.0;
   std::map<std::uint32_t, double> cutLengthByColor;
+  CheckFacts check;
   std::vector<SettingsGroup> groups;  ///< in the order in which they first occur
 };
 
