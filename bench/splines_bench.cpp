@@ -50,10 +50,7 @@ BENCHMARK(DecomposeEntity)->Apply(SetKnotRange);
 
 void FlattenEntity(benchmark::State& state) {
   const Entity_ZR::ZR_Spline wave = Wave(state.range(0), true);
-  for (auto _ : state) {
-    std::uint64_t work = support::limits::kDrawingSplitWork;
-    benchmark::DoNotOptimize(SplineFlatten(wave, 0.2, work));
-  }
+  for (auto _ : state) benchmark::DoNotOptimize(SplineFlatten(wave, 0.2));
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(FlattenEntity)->Apply(SetKnotRange);

@@ -14,8 +14,8 @@
 #include "dxf/dxf_shapes.h"
 #include "dxf/dxf_spline.h"
 #include "dxf/dxf_text.h"
-#include "dxf/expansion_budget.h"
 #include "dxf/picture_files.h"
+#include "dxf/text_format.h"
 #include "entity/annotations.h"
 #include "entity/hatch.h"
 #include "entity/image.h"
@@ -36,9 +36,11 @@ class DXF_Conversion {
   /// The part of an entity that all kinds share: units, visibility, line, layer, colour, dashes, origin.
   void fillCommon(const DXF_Entity& record, Entity_ZR::ZR_Entity& entity);
 
+  /// The format of the texts of a style.
+  const DXF_TextFormat& formatOf(std::string_view styleName);
+
   const DXF_Document& document;
   DXF_PictureFiles pictures;
-  DXF_ExpansionBudget budget;
   int blockDepth = 0;  ///< blocks that are being expanded around the current record
 
  private:
@@ -46,29 +48,28 @@ class DXF_Conversion {
   struct LayerLook {
     std::uint8_t on = 1;
     std::uint32_t color = 0;
-    const DXF_LType* lineType = nullptr;
+    Entity_ZR::SharedNumbers dashes;
   };
   const LayerLook& lookOf(std::string_view layerName);
-  LayerLook resolve(const DXF_Layer& layer) const;
-  const DXF_LType* lineTypeOf(const DXF_Entity& record, const LayerLook& look) const;
+  LayerLook resolve(const DXF_Layer& layer);
+  const Entity_ZR::SharedNumbers& dashesOf(std::string_view lineTypeName);
+  const Entity_ZR::SharedNumbers& dashesOf(const DXF_Entity& record, const LayerLook& look);
 
   std::int32_t units = 0;
   Entity_ZR::Point3 origin;
-  /// Of the names that came up so far, by where they lie: records of one layer point at one name.
+  // Of the names that came up so far, by where they lie: records of one layer point at one name.
   std::unordered_map<const char*, LayerLook> layerLooks;
+  std::unordered_map<const char*, Entity_ZR::SharedNumbers> dashes;  ///< of line types
+  std::unordered_map<const DXF_TextStyle*, DXF_TextFormat> textFormats;
 };
 
-/// An account of the budget while a block is expanded; the blocks within it share the outermost one's.
+/// Counts a block while it is expanded.
 class DXF_BlockScope {
  public:
-  explicit DXF_BlockScope(DXF_Conversion& owner) : conversion(owner) {
-    if (conversion.blockDepth++ == 0) conversion.budget.Open(conversion.document);
-  }
+  explicit DXF_BlockScope(DXF_Conversion& owner) : conversion(owner) { ++conversion.blockDepth; }
   DXF_BlockScope(const DXF_BlockScope&) = delete;
   DXF_BlockScope& operator=(const DXF_BlockScope&) = delete;
-  ~DXF_BlockScope() {
-    if (--conversion.blockDepth == 0) conversion.budget.Close();
-  }
+  ~DXF_BlockScope() { --conversion.blockDepth; }
 
  private:
   DXF_Conversion& conversion;

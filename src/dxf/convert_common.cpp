@@ -1,8 +1,5 @@
-#include <algorithm>
-
 #include "dxf/aci_colors.h"
 #include "dxf/convert.h"
-#include "support/limits.h"
 
 namespace {
 
@@ -30,23 +27,38 @@ DXF_Conversion::DXF_Conversion(const DXF_Document& source) : document(source) {
   document.header->coordVariable("$UCSORG", origin.x, origin.y, origin.z);
 }
 
-DXF_Conversion::LayerLook DXF_Conversion::resolve(const DXF_Layer& layer) const {
+DXF_Conversion::LayerLook DXF_Conversion::resolve(const DXF_Layer& layer) {
   return {static_cast<std::uint8_t>(layer.plot ? 1 : 0), AciLayerColor(layer.color),
-          document.findLineType(layer.lineType)};
+          dashesOf(layer.lineType)};
 }
 
 const DXF_Conversion::LayerLook& DXF_Conversion::lookOf(std::string_view layerName) {
-  const auto [known, isFirst] = layerLooks.try_emplace(layerName.data());
-  if (isFirst) {
-    const DXF_Layer* layer = document.findLayer(layerName);
-    known->second = layer == nullptr ? resolve(DXF_Layer()) : resolve(*layer);
-  }
-  return known->second;
+  const auto known = layerLooks.find(layerName.data());
+  if (known != layerLooks.end()) return known->second;
+  const DXF_Layer* layer = document.findLayer(layerName);
+  return layerLooks.emplace(layerName.data(), layer == nullptr ? resolve(DXF_Layer()) : resolve(*layer))
+      .first->second;
 }
 
-const DXF_LType* DXF_Conversion::lineTypeOf(const DXF_Entity& record, const LayerLook& look) const {
+const Entity_ZR::SharedNumbers& DXF_Conversion::dashesOf(std::string_view lineTypeName) {
+  const auto known = dashes.find(lineTypeName.data());
+  if (known != dashes.end()) return known->second;
+  const DXF_LType* lineType = document.findLineType(lineTypeName);
+  std::vector<double> path;
+  if (lineType != nullptr) path.assign(lineType->path.begin(), lineType->path.end());
+  return dashes.emplace(lineTypeName.data(), std::move(path)).first->second;
+}
+
+const Entity_ZR::SharedNumbers& DXF_Conversion::dashesOf(const DXF_Entity& record, const LayerLook& look) {
   const bool isLayers = record.lineType == "BYLAYER" || record.lineType == "BYBLOCK";
-  return isLayers ? look.lineType : document.findLineType(record.lineType);
+  return isLayers ? look.dashes : dashesOf(record.lineType);
+}
+
+const DXF_TextFormat& DXF_Conversion::formatOf(std::string_view styleName) {
+  const DXF_TextStyle* style = document.findTextStyle(styleName);
+  const auto known = textFormats.find(style);
+  if (known != textFormats.end()) return known->second;
+  return textFormats.emplace(style, TextFormatOf(style)).first->second;
 }
 
 void DXF_Conversion::fillCommon(const DXF_Entity& record, Entity_ZR::ZR_Entity& entity) {
@@ -59,9 +71,6 @@ void DXF_Conversion::fillCommon(const DXF_Entity& record, Entity_ZR::ZR_Entity& 
   const LayerLook& look = lookOf(record.layer);
   entity.layerOn = look.on;
   entity.color = ColorOf(record, look.color);
-  if (const DXF_LType* lineType = lineTypeOf(record, look)) {
-    const std::size_t count = std::min(lineType->path.size(), support::limits::kLineTypeDashes);
-    entity.dashes.insert(entity.dashes.end(), lineType->path.begin(), lineType->path.begin() + count);
-  }
+  entity.dashes = dashesOf(record, look);
   entity.origin = origin;
 }

@@ -3,7 +3,7 @@
 void fillEntity(DXF_Conversion& conversion, const DXF_Image& record, Entity_ZR::ZR_Image& entity) {
   conversion.fillCommon(record, entity);
   if (const DXF_ImageDef* definition = conversion.document.findImageDef(record.imageDefHandle)) {
-    const support::Picture picture = conversion.pictures.Load(*definition);
+    const support::Picture& picture = conversion.pictures.Load(*definition);
     entity.pixels = picture.pixels;
     entity.pixelBytes = picture.pixelBytes;
     entity.width = picture.width;

@@ -3,11 +3,51 @@
 
 #include "dxf/convert.h"
 #include "dxf/dxf_rw.h"
+#include "support/account.h"
 #include "support/limits.h"
 
 namespace {
 
 using PARSE::DrawLoader;
+
+/// What the conversion of an entity costs beside the memory that it takes.
+constexpr std::uint64_t kEntityWork = 256;
+
+/// The placement of a block while it is expanded.
+class PlacementScope {
+ public:
+  using Stack = std::stack<Matrix2D, std::vector<Matrix2D>>;
+  PlacementScope(Stack& placements, const Matrix2D& placement) : stack(placements) { stack.push(placement); }
+  PlacementScope(const PlacementScope&) = delete;
+  PlacementScope& operator=(const PlacementScope&) = delete;
+  ~PlacementScope() { stack.pop(); }
+
+ private:
+  Stack& stack;
+};
+
+/// Ends the group of a block reference however its content ends. Not by a destructor, as that must not throw.
+template <typename Draw, typename End>
+void DrawThenEnd(Draw draw, End end) {
+  try {
+    draw();
+  } catch (...) {
+    end();
+    throw;
+  }
+  end();
+}
+
+/// Charges what `convert` does for an entity of a block. It takes as long again as it takes memory, and so
+/// does its result: an expansion runs out of work before its results leave no memory for what follows.
+template <typename Convert>
+void ChargeEntity(Convert convert) {
+  const support::Account* account = support::Account::Current();
+  if (account == nullptr) return convert();
+  const std::uint64_t before = account->Spent();
+  convert();
+  support::SpendWork(kEntityWork + (account->Spent() - before));
+}
 
 /// Has `take` take the record as what its kind says it is, with its neutral class and the operation that
 /// receives that. Block references and kinds without a neutral class are passed over.
@@ -97,18 +137,15 @@ void DXF_RW::convertRecord(const Record& record, Entity& entity) {
 void DXF_RW::convertInsert(const DXF_Insert& record, PARSE::Context context) {
   Entity_ZR::ZR_Insert entity;
   convertRecord(record, entity);
-  insertStack.push(entity.matrix);
+  const PlacementScope placement(insertStack, entity.matrix);
   sink->BeginGroup(context);
-  if (sink->AddInsert(&entity, context) && conversion->blockDepth < support::limits::kInsertDepth) {
+  const bool isOpen = sink->AddInsert(&entity, context);
+  const auto draw = [&] {
+    if (!isOpen || conversion->blockDepth >= support::limits::kInsertDepth) return;
     const DXF_BlockScope scope(*conversion);
     DrawBlock(record.blockName, context);
-  }
-  insertStack.pop();
-  sink->EndGroup(context);
-}
-
-bool DXF_RW::mayConvert(const DXF_Entity& record) const {
-  return conversion->blockDepth == 0 || conversion->budget.Pay(record, conversion->blockDepth);
+  };
+  DrawThenEnd(draw, [&] { sink->EndGroup(context); });
 }
 
 void DXF_RW::convertEntity(const DXF_Entity& record, PARSE::Context context) {
@@ -119,8 +156,12 @@ void DXF_RW::convertEntity(const DXF_Entity& record, PARSE::Context context) {
 
 void DXF_RW::convertRecords(Records records, PARSE::Context context) {
   for (const auto& record : records) {
-    if (!mayConvert(*record)) return;
-    convertEntity(*record, context);
+    support::RunItem([&] {
+      if (record->kind != kDxfInsert) return ChargeEntity([&] { convertEntity(*record, context); });
+      // What the inner block holds is charged entity by entity.
+      support::SpendWork(kEntityWork);
+      convertEntity(*record, context);
+    });
   }
 }
 
@@ -139,7 +180,7 @@ void DXF_RW::convertModel(PARSE::Context context) {
   runConversion([&] {
     DXF_Document& document = *iface->document;
     for (auto& record : document.modelBlock->entities) {
-      convertEntity(*record, context);
+      support::RunItem([&] { convertEntity(*record, context); });
       const void* place = record.get();
       record.reset();
       document.modelMemory.FreeBefore(place);
@@ -159,7 +200,7 @@ void DXF_RW::convertBlockInto(const std::string& name, NeutralEntities& target) 
   const DXF_BlockScope scope(*conversion);
   Collector collector(*this, target);
   for (const auto& record : block->entities) {
-    if (!mayConvert(*record)) return;
+    support::SpendWork(kEntityWork);
     if (record->kind == kDxfInsert) {
       collector.With<DXF_Insert, Entity_ZR::ZR_Insert, &DrawLoader::AddInsert>(*record);
     } else {

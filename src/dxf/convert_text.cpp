@@ -64,7 +64,7 @@ std::string_view EncodingOf(const std::vector<Entity_ZR::MTextParagraph>& paragr
 
 void fillEntity(DXF_Conversion& conversion, const DXF_Text& record, Entity_ZR::ZR_Text& entity) {
   conversion.fillCommon(record, entity);
-  FillFont(TextFormatOf(conversion.document.findTextStyle(record.styleName)), entity);
+  FillFont(conversion.formatOf(record.styleName), entity);
   entity.text = record.text;
   entity.height = record.height;
   entity.widthScale = record.widthScale;
@@ -82,7 +82,7 @@ void fillEntity(DXF_Conversion& conversion, const DXF_Text& record, Entity_ZR::Z
 
 void fillEntity(DXF_Conversion& conversion, const DXF_MText& record, Entity_ZR::ZR_MText& entity) {
   conversion.fillCommon(record, entity);
-  DXF_TextFormat format = TextFormatOf(conversion.document.findTextStyle(record.styleName));
+  DXF_TextFormat format = conversion.formatOf(record.styleName);
   format.color = entity.color;
   entity.position = record.point;
   entity.direction = record.secondPoint;

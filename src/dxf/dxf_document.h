@@ -48,7 +48,6 @@ class DXF_Document {
   support::Arena blockMemory;          ///< of what the blocks hold
   support::Arena modelMemory;          ///< of what the model block holds, in its order
   DXF_Names names;                     ///< that entities and table entries point at
-  std::size_t conversionUnits = 0;     ///< of all that the blocks hold, see `ConversionUnits`
   std::unique_ptr<DXF_Header> header;  ///< null until the section closes
   std::vector<std::unique_ptr<DXF_Dimstyle>> dimStyles;
   std::vector<std::unique_ptr<DXF_Layer>> layers;

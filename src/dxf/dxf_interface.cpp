@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "dxf/expansion_budget.h"
-
 DXF_Interface::DXF_Interface() : document(std::make_unique<DXF_Document>()) {
   currentBlock = document->modelBlock.get();
 }
@@ -19,7 +17,6 @@ void DXF_Interface::store(Record&& record) {
   void* room = memoryOfCurrentBlock().RoomFor<Record>();
   DXF_EntityList::value_type kept(new (room) Record(std::forward<Record>(record)));
   currentBlock->entities.push_back(std::move(kept));
-  document->conversionUnits += ConversionUnits(*currentBlock->entities.back());
 }
 
 template <typename Record>

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "support/account.h"
 #include "support/file_bytes.h"
 
 DXF_OpenFile::DXF_OpenFile(std::string filePath) : path(std::move(filePath)) {}
@@ -16,7 +17,11 @@ bool DXF_OpenFile::run(DXF_Interface* target) {
   if (!bytes) return false;
   LineStream lines(bytes->View());
   reader = std::make_unique<dxfReader>(lines, receiver->document->names);
-  walkFile();
+  try {
+    walkFile();
+  } catch (const support::BeyondAllowance&) {
+    support::AccountItem(support::Account::Current()).CountCut();  // what was read stands
+  }
   reader.reset();
   return true;
 }
@@ -37,7 +42,7 @@ void DXF_OpenFile::walkFile() {
 
 /// A section of any other name is passed over: the file loop reads its tags.
 bool DXF_OpenFile::walkSection(const std::string& name) {
-  if (name == "HEADER") return walkHeader();
+  if (name == "HEADER") return readItem([&] { return walkHeader(); }, [] { return true; });
   if (name == "TABLES") return walkTables();
   if (name == "BLOCKS") return walkBlocks();
   if (name == "ENTITIES") return walkEntities(false);
@@ -73,8 +78,13 @@ bool DXF_OpenFile::walkBlocks() {
 
 void DXF_OpenFile::readBlock() {
   DXF_Block block;
-  if (!readGroups(block, entityName)) return;
-  receiver->addBlock(block);
+  bool isAdded = false;
+  support::RunItem([&] {
+    if (!readGroups(block, entityName)) return;
+    receiver->addBlock(block);
+    isAdded = true;
+  });
+  if (!isAdded) return;
   if (entityName != "ENDBLK") walkEntities(true);
   receiver->endBlock();
 }
@@ -84,7 +94,7 @@ bool DXF_OpenFile::walkObjects() {
   if (!reader->nextGroup(code) || code != 0) return false;
   std::string name = reader->text();
   while (name != "ENDSEC") {
-    if (!readObject(name)) return false;
+    if (!readItem([&] { return readObject(name); }, [&] { return skipObject(name); })) return false;
   }
   return true;
 }
@@ -93,6 +103,10 @@ bool DXF_OpenFile::readObject(std::string& name) {
   if (name == "IMAGEDEF") return readObjectAs<DXF_ImageDef>(name, &DXF_Interface::addImageDef);
   if (name == "PLOTSETTINGS") return readObjectAs<DXF_PlotSettings>(name, &DXF_Interface::addPlotSettings);
   if (name == "MLINESTYLE") return readObjectAs<DXF_MlineStyle>(name, &DXF_Interface::addMlineStyle);
+  return skipObject(name);
+}
+
+bool DXF_OpenFile::skipObject(std::string& name) {
   std::int32_t code = 0;
   while (reader->nextGroup(code)) {
     if (code != 0) continue;

@@ -8,6 +8,7 @@
 
 #include "dxf/dxf_interface.h"
 #include "dxf/dxf_reader.h"
+#include "support/account.h"
 
 /// Walks one file from top to bottom in a single pass and hands the finished records to a receiver: one loop
 /// for the file, one walker per section and table, one reader per kind of record. Nothing in a file makes it
@@ -31,6 +32,16 @@ class DXF_OpenFile {
  private:
   using EntityReader = bool (DXF_OpenFile::*)();
   static EntityReader entityReaderOf(std::string_view name);
+
+  /// Runs `read` as an item. If the account refuses it, runs `skip`, unless the name of the next item has
+  /// been read already. Returns what they return.
+  template <typename Read, typename Skip>
+  bool readItem(Read read, Skip skip) {
+    bool goesOn = false;
+    nameIsRead = false;
+    if (support::RunItem([&] { goesOn = read(); })) return goesOn;
+    return nameIsRead || skip();
+  }
 
   // A walker that returns false ends the walk of the file.
   void walkFile();
@@ -57,6 +68,8 @@ class DXF_OpenFile {
   bool readViewport();
   /// Reads the object of that name, or skips one of another kind, up to the next group 0.
   bool readObject(std::string& name);
+  /// Skips to the next group 0, whose name becomes `name`. False where the file ends before.
+  bool skipObject(std::string& name);
   template <typename Record, typename Add>
   bool readObjectAs(std::string& name, Add add);
 
@@ -65,15 +78,19 @@ class DXF_OpenFile {
   template <typename Record>
   bool readGroups(Record& record, std::string& nextName) {
     std::int32_t code = 0;
+    nameIsRead = false;
     while (reader->nextGroup(code)) {
       if (code == 0) {
         nextName = reader->text();
+        nameIsRead = true;
         return true;
       }
       record.parseGroup(code, *reader);
     }
     return false;
   }
+
+  bool nameIsRead = false;  ///< of what follows the item being read
 };
 
 #endif

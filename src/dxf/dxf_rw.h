@@ -50,8 +50,6 @@ class DXF_RW : public PARSE::DrawLoader {
   void convertInsert(const DXF_Insert& record, PARSE::Context context);
   template <typename Record, typename Entity>
   void convertRecord(const Record& record, Entity& entity);
-  /// False where the expansion of blocks has made enough.
-  bool mayConvert(const DXF_Entity& record) const;
 
   DXF_EntityList ownedEntities;  ///< always empty in reading
   std::string sourcePath;

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "dxf/take_value.h"
-#include "support/limits.h"
 
 void DXF_Text::parseGroup(std::int32_t code, const dxfReader& reader) {
   switch (code) {
@@ -23,7 +22,10 @@ void DXF_Text::parseGroup(std::int32_t code, const dxfReader& reader) {
 void DXF_MText::parseGroup(std::int32_t code, const dxfReader& reader) {
   switch (code) {
     case 3: text += reader.text(); break;
-    case 1: parseLastPiece(reader); break;
+    case 1:
+      // An escape may have been cut in two by the pieces, so the whole is decoded once more.
+      text = reader.decoder.decode(text + reader.text());
+      break;
     case 11:
       hasDirection = true;
       DXF_Text::parseGroup(code, reader);
@@ -41,12 +43,6 @@ void DXF_MText::parseGroup(std::int32_t code, const dxfReader& reader) {
     case 73: lineSpacingStyle = reader.intValue; break;
     default: DXF_Text::parseGroup(code, reader); break;
   }
-}
-
-void DXF_MText::parseLastPiece(const dxfReader& reader) {
-  text += reader.text();
-  // An escape may have been cut in two by the pieces, so the whole is decoded once more.
-  if (redecodings++ < support::limits::kDxfTextRedecodings) text = reader.decoder.decode(text);
 }
 
 void DXF_MText::parseSize(std::int32_t code, double value) {

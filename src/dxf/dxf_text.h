@@ -58,10 +58,7 @@ class DXF_MText : public DXF_Text {
   std::vector<MtextParam> params;
 
  private:
-  void parseLastPiece(const dxfReader& reader);
   void parseSize(std::int32_t code, double value);
-
-  int redecodings = 0;
 };
 
 #endif

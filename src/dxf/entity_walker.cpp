@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "dxf/dxf_open_file.h"
+#include "support/account.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ bool DXF_OpenFile::walkEntities(bool inBlock) {
   }
   while (entityName != "ENDSEC" && entityName != "ENDBLK") {
     const EntityReader readKind = entityReaderOf(entityName);
-    if (!(this->*readKind)()) return false;
+    if (!readItem([&] { return (this->*readKind)(); }, [&] { return skipEntity(); })) return false;
   }
   return true;
 }

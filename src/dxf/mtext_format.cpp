@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "dxf/aci_colors.h"
-#include "support/limits.h"
 #include "support/text_to_number.h"
 
 namespace {
@@ -116,7 +115,7 @@ class Parser {
 
   std::vector<MTextParagraph> Run() {
     PutStartingFormat();
-    while (at < text.size() && IsWithinBounds() && Step()) {
+    while (at < text.size() && Step()) {
     }
     CloseRun();
     if (!paragraph.items.empty()) paragraphs.push_back(std::move(paragraph));
@@ -124,10 +123,6 @@ class Parser {
   }
 
  private:
-  bool IsWithinBounds() const {
-    return itemCount < support::limits::kMTextItems && paragraphs.size() < support::limits::kMTextParagraphs;
-  }
-
   /// Handles what stands next; false where the text ends within it.
   bool Step() {
     switch (const char c = text[at++]) {
@@ -210,7 +205,7 @@ class Parser {
     const std::optional<std::string_view> name = TakeUntil("|;");
     if (!name) return false;
     const bool hasOptions = text[at - 1] == '|';
-    Change(Entity_ZR::kMTextFont, std::string(*name));
+    Change(Entity_ZR::kMTextFont, Entity_ZR::SharedText(*name));
     if (!hasOptions) return true;
     const std::optional<std::string_view> options = TakeUntil(";");
     if (!options) return false;
@@ -281,7 +276,6 @@ class Parser {
 
   void Put(MTextAttribute attribute, MTextValue value) {
     paragraph.items.push_back({attribute, std::move(value)});
-    ++itemCount;
   }
 
   void Change(MTextAttribute attribute, MTextValue value) {
@@ -325,7 +319,6 @@ class Parser {
   MTextParagraph paragraph;
   std::vector<MTextParagraph> paragraphs;
   std::bitset<kAttributeCount> changed;  ///< attributes that differ from their defaults
-  std::size_t itemCount = 0;
 };
 
 }  // namespace

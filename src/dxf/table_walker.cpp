@@ -1,4 +1,5 @@
 #include "dxf/dxf_open_file.h"
+#include "support/account.h"
 
 namespace {
 
@@ -17,7 +18,8 @@ bool DXF_OpenFile::walkTables() {
     if (name == "ENDSEC") return true;
     if (name != "TABLE") continue;
     if (!reader->nextGroup(code)) return false;
-    if (code == 2) walkTable(reader->text());
+    // Of a table that the account refuses, the entries so far stand.
+    if (code == 2) support::RunItem([&] { walkTable(reader->text()); });
   }
   return true;
 }

@@ -2,12 +2,13 @@
 #define DRAWLOAD_DXF_TEXT_FORMAT_H
 
 #include <cstdint>
-#include <string>
+
+#include "entity/shared.h"
 
 /// The attributes of a text, worked out from its style.
 struct DXF_TextFormat {
-  std::string fontName;  ///< a family name
-  std::string bigFontName;
+  Entity_ZR::SharedText fontName;  ///< a family name
+  Entity_ZR::SharedText bigFontName;
   double height = 1.0;
   double widthScale = 1.0;
   double oblique = 0.0;  ///< degrees

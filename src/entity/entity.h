@@ -9,6 +9,7 @@
 
 #include "entity/matrix2d.h"
 #include "entity/point3.h"
+#include "entity/shared.h"
 
 /// Format-independent drawing records, on their way from a reader to the sink. Coordinates are the entity's
 /// own; `ZR_Entity::matrix` maps them. Angles are radians unless a member says otherwise.
@@ -82,7 +83,7 @@ class ZR_Entity {
   std::uint32_t color = 0xFF000000;  ///< byte 0 red, byte 1 green, byte 2 blue, byte 3 alpha
   double lineWidth = 0.0;
   double lineScale = 1.0;
-  std::vector<double> dashes;
+  SharedNumbers dashes;       ///< above 0, gaps below
   std::int32_t units = 0;     ///< $INSUNITS of a DXF file
   std::int32_t lineCap = 0;   ///< 0 butt, 1 square, 2 round
   std::int32_t lineJoin = 0;  ///< 0 miter, 1 bevel, 2 round

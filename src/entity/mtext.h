@@ -12,7 +12,7 @@ namespace Entity_ZR {
 /// What an item of a paragraph is: a piece of text, or the change of one attribute for all text behind it.
 enum MTextAttribute : std::int32_t {
   kMTextRun = 0,        ///< string: the text's own bytes, see `ZR_MText::encoding`
-  kMTextFont = 1,       ///< string: family name
+  kMTextFont = 1,       ///< shared text: family name
   kMTextHeight = 2,     ///< number
   kMTextColor = 3,      ///< colour, as in `ZR_Entity::color`
   kMTextWidth = 4,      ///< number: factor
@@ -26,7 +26,7 @@ enum MTextAttribute : std::int32_t {
 };
 
 /// The value of an item, in the type that its attribute has.
-using MTextValue = std::variant<std::string, double, std::uint32_t, bool>;
+using MTextValue = std::variant<std::string, SharedText, double, std::uint32_t, bool>;
 
 struct MTextItem {
   MTextAttribute attribute = kMTextRun;

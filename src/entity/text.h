@@ -12,9 +12,9 @@ class ZR_Text : public ZR_Entity {
  public:
   ZR_Text() : ZR_Entity(kText) {}
 
-  std::string text;      ///< UTF-8
-  std::string fontName;  ///< a family, perhaps with a prefix before a "+" and a style behind a "-"
-  std::string bigFontName;
+  std::string text;     ///< UTF-8
+  SharedText fontName;  ///< a family, perhaps with a prefix before a "+" and a style behind a "-"
+  SharedText bigFontName;
   std::string unit;     ///< unit of the height as its file wrote it
   double height = 0.0;  ///< in the unit of `position`; cut to a whole number, the font engine's pixel size
   double widthScale = 1.0;

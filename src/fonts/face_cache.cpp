@@ -1,12 +1,12 @@
 #include "fonts/face_cache.h"
 
-#include <new>
+#include "support/account.h"
 
 namespace fonts {
 
 FaceCache::FaceCache(std::size_t keptGlyphBytes) : mostKeptBytes(keptGlyphBytes) {
   FT_Library opened = nullptr;
-  if (FT_New_Library(memory.Allocator(), &opened) != 0) throw std::bad_alloc();
+  if (FT_New_Library(memory.Allocator(), &opened) != 0) throw support::MemoryUsedUp();
   library.reset(opened);
   FT_Add_Default_Modules(opened);
   FT_Set_Default_Properties(opened);

@@ -27,6 +27,9 @@ class FaceCache {
   /// Throws `std::bad_alloc` where there is no memory for it.
   Face* FaceOf(const std::string& file, FT_UInt pixelSize);
 
+  /// True once the engine has run out of memory: it is in no state to go on.
+  bool IsExhausted() const { return memory.IsExhausted(); }
+
  private:
   struct LibraryDeleter {
     void operator()(FT_Library owned) const { FT_Done_Library(owned); }

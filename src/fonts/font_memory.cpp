@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <functional>
-#include <new>
 
+#include "support/account.h"
 #include "support/counted_memory.h"
 
 namespace fonts {
@@ -21,7 +21,7 @@ FontMemory& OwnerOf(FT_Memory memory) { return *static_cast<FontMemory*>(memory-
 FontMemory::FontMemory() : allocator{this, Allocate, Free, Reallocate}, reserve(kReserveBytes) {}
 
 void FontMemory::ThrowIfExhausted() const {
-  if (isExhausted) throw std::bad_alloc();
+  if (isExhausted) throw support::MemoryUsedUp();
 }
 
 void FontMemory::ThrowIfExhausted(const FT_FaceRec& face) {

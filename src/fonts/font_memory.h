@@ -20,7 +20,8 @@ class FontMemory {
   /// For `FT_New_Library`; lives as long as this object, which must outlive the engine.
   FT_Memory Allocator() { return &allocator; }
 
-  /// Throws `std::bad_alloc` if any allocation of the engine has failed.
+  bool IsExhausted() const { return isExhausted; }
+  /// Throws `support::MemoryUsedUp` if any allocation of the engine has failed.
   void ThrowIfExhausted() const;
 
   /// The same for the engine of `face`, whatever its memory.

@@ -27,8 +27,12 @@ CFileDib* ResultStore::NewDib() {
 }
 
 CFileGroup* ResultStore::NewGroup() {
-  if (spareGroups.empty())
+  if (spareGroups.empty()) {
+    // So that taking the groups back cannot fail.
+    if (spareGroups.capacity() == groupCount) spareGroups.reserve(2 * groupCount + 1);
+    ++groupCount;
     return new (objects.RoomFor<CFileGroup>()) CFileGroup(new (nodes.RoomFor<FileMember>()) FileMember{});
+  }
   CFileGroup* group = spareGroups.back();
   spareGroups.pop_back();
   return group;
@@ -41,9 +45,11 @@ FileMember* ResultStore::NewList() {
   return sentinel;
 }
 
-void ResultStore::Recycle(CFileCurve* curve) { spareCurve = new (curve) CFileCurve(curve->segmentHead); }
+void ResultStore::Recycle(CFileCurve* curve) noexcept {
+  spareCurve = new (curve) CFileCurve(curve->segmentHead);
+}
 
-void ResultStore::Recycle(CFileGroup* group) {
+void ResultStore::Recycle(CFileGroup* group) noexcept {
   spareGroups.push_back(new (group) CFileGroup(group->memberHead));
 }
 

@@ -30,8 +30,8 @@ class ResultStore {
 
   /// Take back an object that is in no list and whose content nobody needs, to hand it out again as a new
   /// one.
-  void Recycle(CFileCurve* curve);
-  void Recycle(CFileGroup* group);
+  void Recycle(CFileCurve* curve) noexcept;
+  void Recycle(CFileGroup* group) noexcept;
 
   /// Appends a straight segment to `curve`.
   void AppendLine(CFileCurve& curve, FilePosition from, FilePosition to);
@@ -52,7 +52,8 @@ class ResultStore {
       support::MemoryUse::kResults};  ///< of lists, by themselves: a walk passes over little memory
   std::vector<CFileDib*> dibs;
   CFileCurve* spareCurve = nullptr;
-  std::vector<CFileGroup*> spareGroups;
+  std::vector<CFileGroup*> spareGroups;  ///< has room for all groups
+  std::size_t groupCount = 0;
 };
 
 }  // namespace drawload

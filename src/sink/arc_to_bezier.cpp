@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <numbers>
 
+#include "support/account.h"
 #include "support/limits.h"
 
 namespace {
@@ -16,6 +17,10 @@ constexpr double kFullTurn = 2.0 * std::numbers::pi;
 constexpr double kQuarterTurn = std::numbers::pi / 2.0;
 constexpr double kSmallestRadius = 0.01;
 constexpr double kAngleTolerance = 0.0001;
+
+/// Of an arc of two turns. A longer one is as short in its file, but takes the time for all of its sections.
+constexpr std::size_t kUsualSections = 10;
+constexpr std::size_t kSectionWork = 192;
 
 bool AnglesAreUsable(double startAngle, double endAngle) {
   // Written so that a NaN is refused as well.
@@ -138,7 +143,9 @@ void ArcToBezier(bool reversed, Point3 center, double ry, double rotation, doubl
   if (rx < kSmallestRadius) rx = kSmallestRadius;
   if (ry < kSmallestRadius) ry = kSmallestRadius;
   endAngle = NormalisedEnd(reversed, startAngle, endAngle);
-  points.reserve(4 * static_cast<std::size_t>(std::fabs(endAngle - startAngle) / kQuarterTurn + 2.0));
+  const auto mostSections = static_cast<std::size_t>(std::fabs(endAngle - startAngle) / kQuarterTurn + 2.0);
+  if (mostSections > kUsualSections) support::SpendWork(kSectionWork * mostSections);
+  points.reserve(4 * mostSections);
   const Ellipse ellipse(center, rx, ry, rotation);
   const double step = reversed ? -kQuarterTurn : kQuarterTurn;
   double angle = startAngle;

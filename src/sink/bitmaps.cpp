@@ -7,7 +7,7 @@
 #include "sink/grey_bitmap.h"
 #include "sink/my_draw_load.h"
 #include "sink/parameters.h"
-#include "support/limits.h"
+#include "support/account.h"
 
 namespace {
 
@@ -43,13 +43,13 @@ CFileDib* CMyDrawLoad::NewDib(const Entity_ZR::ZR_Entity& entity) {
 
 bool CMyDrawLoad::PackPixels(const ZR_Image& image, CFileDib& dib) {
   if (image.width < 0 || image.height < 0) return false;
-  const std::size_t bytes = GreyBitmapBytes(image.width, image.height);
-  if (bytes > support::limits::kBitmapBytesPerFile - bitmapBytes) return false;
+  const std::uint64_t bytes = GreyBitmapBytes(image.width, image.height);
+  support::Account* read = support::Account::Current();
+  if (read != nullptr) read->Hold(bytes, support::MemoryUse::kResults);
   dib.bitmap =
       PackGreyBitmap(image.width, image.height, image.channels, {image.pixels.get(), image.pixelBytes});
-  if (dib.bitmap == nullptr) return false;
-  bitmapBytes += bytes;
-  return true;
+  if (dib.bitmap == nullptr && read != nullptr) read->Release(bytes, support::MemoryUse::kResults);
+  return dib.bitmap != nullptr;
 }
 
 // Kept: unlike a curve, a bitmap follows a frame that only translates, and no page of a PDF file moves it.
@@ -63,10 +63,14 @@ Matrix2D CMyDrawLoad::PlacementOf(const ZR_Image& image) const {
 
 bool CMyDrawLoad::AddImage(ZR_Image* entity, PARSE::Context) {
   if (!entity->IsShown() || entity->pixels == nullptr) return false;
-  CFileDib* dib = NewDib(*entity);
-  if (!PackPixels(*entity, *dib)) return false;
-  const Matrix2D m = PlacementOf(*entity);
-  _dib_SetDibInfo(dib, m.a, m.c, m.b, m.d, m.e, m.f);
-  AddResult(dib);
-  return true;
+  bool isAdded = false;
+  support::RunItem([&] {
+    CFileDib* dib = NewDib(*entity);
+    if (!PackPixels(*entity, *dib)) return;
+    const Matrix2D m = PlacementOf(*entity);
+    _dib_SetDibInfo(dib, m.a, m.c, m.b, m.d, m.e, m.f);
+    AddResult(dib);
+    isAdded = true;
+  });
+  return isAdded;
 }

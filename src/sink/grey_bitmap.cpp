@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-
-#include "support/limits.h"
+#include <limits>
 
 namespace {
 
@@ -96,7 +95,9 @@ RowPacker PackerFor(std::int32_t channels) {
   }
 }
 
-std::size_t Stride(std::size_t width) { return (width * 8 + 31) / 32 * 4; }
+std::uint64_t Stride(std::int32_t width) {
+  return (std::uint64_t{static_cast<std::uint32_t>(width)} * 8 + 31) / 32 * 4;
+}
 
 void WriteHeader(unsigned char* block, std::int32_t width, std::int32_t height, std::size_t imageSize) {
   const BitmapHeader header = {
@@ -116,15 +117,15 @@ std::size_t CompletePixels(std::size_t wanted, std::int32_t channels, std::size_
 
 }  // namespace
 
-std::size_t GreyBitmapBytes(std::int32_t width, std::int32_t height) {
-  return Stride(static_cast<std::size_t>(width)) * static_cast<std::size_t>(height) + kPixelOffset;
+std::uint64_t GreyBitmapBytes(std::int32_t width, std::int32_t height) {
+  return Stride(width) * static_cast<std::uint32_t>(height) + kPixelOffset;
 }
 
 platform::GlobalHandle PackGreyBitmap(std::int32_t width, std::int32_t height, std::int32_t channels,
                                       std::span<const unsigned char> pixels) {
-  if (width < 0 || height < 0 || GreyBitmapBytes(width, height) > support::limits::kBitmapBytes)
-    return nullptr;
-  const std::size_t blockBytes = GreyBitmapBytes(width, height);
+  constexpr std::uint64_t mostBytes = std::numeric_limits<std::uint32_t>::max();
+  if (width < 0 || height < 0 || GreyBitmapBytes(width, height) > mostBytes) return nullptr;
+  const auto blockBytes = static_cast<std::size_t>(GreyBitmapBytes(width, height));
   const platform::GlobalHandle handle =
       platform::GlobalAlloc(platform::kMoveable | platform::kZeroInitialised, blockBytes);
   if (handle == nullptr) return nullptr;
@@ -137,7 +138,7 @@ platform::GlobalHandle PackGreyBitmap(std::int32_t width, std::int32_t height, s
   const RowPacker pack = PackerFor(channels);
   std::size_t left = CompletePixels(rowPixels * static_cast<std::size_t>(height), channels, pixels.size());
   const unsigned char* source = pixels.data();
-  for (unsigned char* row = block + kPixelOffset; left != 0; row += Stride(rowPixels)) {
+  for (unsigned char* row = block + kPixelOffset; left != 0; row += Stride(width)) {
     const std::size_t count = std::min(rowPixels, left);
     pack(source, count, row);
     source += count * step;

@@ -11,12 +11,12 @@
 ///
 /// `pixels` are rows of `width` pixels of `channels` bytes with no gap: 1 grey, 2 grey and alpha, 3 colour, 4
 /// colour and alpha; of any other number, the pixels come out 0. Where alpha is 0 the pixel is white. Pixels
-/// that `pixels` has no bytes for come out 0xFF. Null for negative sizes, beyond the bound of a bitmap, or
-/// without memory; the caller frees the block.
+/// that `pixels` has no bytes for come out 0xFF. Null for negative sizes, for more bytes than the header can
+/// state, or without memory; the caller frees the block.
 platform::GlobalHandle PackGreyBitmap(std::int32_t width, std::int32_t height, std::int32_t channels,
                                       std::span<const unsigned char> pixels);
 
 /// Bytes of the block for a bitmap of `width` by `height` pixels, neither of them negative.
-std::size_t GreyBitmapBytes(std::int32_t width, std::int32_t height);
+std::uint64_t GreyBitmapBytes(std::int32_t width, std::int32_t height);
 
 #endif

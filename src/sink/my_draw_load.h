@@ -10,7 +10,6 @@
 #include "sink/coordinate_chain.h"
 #include "sink/reader_interface.h"
 #include "support/account.h"
-#include "support/limits.h"
 
 namespace Entity_ZR {
 struct HatchEdge;
@@ -101,9 +100,6 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   /// One curve of the Bezier sections in `arcPoints`; false where there are none.
   bool AddShape(const Entity_ZR::ZR_Entity& entity);
 
-  /// Whether an arc between these angles may still be drawn; takes its turns from what the file has left.
-  bool TakeTurns(double startAngle, double endAngle);
-
   void AddHatchEdge(const Entity_ZR::HatchEdge& edge);
 
   /// True while curves of paths wait in `textGroup`, not in `pathGroup`, when no frame is open.
@@ -112,11 +108,18 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   CFileCurve* NewPathCurve(const Entity_ZR::ZR_Entity& entity);
   /// Where the finished curves of a path wait.
   CFileGroup& PathHolder();
+  /// Adds all subpaths but the last, which it returns.
+  CFileCurve* AppendSubpaths(Entity_ZR::ZR_Path& entity);
   /// Adds the last curve of a path, and hands out what waited for it.
   void FinishPath(CFileCurve* lastCurve);
+  /// Moves what waits in `pathGroup` or `textGroup` to the results.
+  void HandOutPath();
+  void HandOutText();
 
   /// Adds the glyphs of `text` as paths.
   void DrawText(const Entity_ZR::ZR_Text& text);
+  /// Brings the state back in order after a text that ended early.
+  void AbandonText();
 
   /// A bitmap result for `entity` with its processing block, still without pixels.
   CFileDib* NewDib(const Entity_ZR::ZR_Entity& entity);
@@ -126,14 +129,7 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   Matrix2D PlacementOf(const Entity_ZR::ZR_Image& image) const;
 
   std::unique_ptr<fonts::ParseFonts> parseFonts;  ///< made for the first text, gone with the end of the file
-  std::size_t glyphSegments = 0;                  ///< of all texts so far
-  std::size_t bitmapBytes = 0;                    ///< of all bitmaps so far
-
-  double arcTurnsLeft = support::limits::kFileArcTurns;
-  std::vector<Entity_ZR::Point3> arcPoints;  ///< of the arc in hand, four for each of its sections
-
-  /// What is left for splitting the intervals of this drawing's rational splines.
-  std::uint64_t splineSplitWork = support::limits::kDrawingSplitWork;
+  std::vector<Entity_ZR::Point3> arcPoints;       ///< of the arc in hand, four for each of its sections
 };
 
 #endif

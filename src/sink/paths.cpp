@@ -3,6 +3,7 @@
 #include "result/processing_block.h"
 #include "sink/my_draw_load.h"
 #include "sink/parameters.h"
+#include "support/account.h"
 
 namespace {
 
@@ -48,18 +49,26 @@ CFileGroup& CMyDrawLoad::PathHolder() {
   return CollectsText() ? *textGroup : *pathGroup;
 }
 
+void CMyDrawLoad::HandOutPath() {
+  MoveToResults(pathGroup);
+  pathGroup = nullptr;
+}
+
+void CMyDrawLoad::HandOutText() {
+  MoveToResults(textGroup);
+  textGroup = nullptr;
+  textMode = 0;
+}
+
 void CMyDrawLoad::FinishPath(CFileCurve* lastCurve) {
   const bool collectsText = CollectsText();
   if (groupDepth == 0 && collectsText) CopyProcessingBlock(*lastCurve, *textGroup);
   store.Append(PathHolder(), lastCurve);
   if (groupDepth != 0) return;
   if (!collectsText) {
-    MoveToResults(pathGroup);
-    pathGroup = nullptr;
+    HandOutPath();
   } else if (textLast != 0) {
-    MoveToResults(textGroup);
-    textGroup = nullptr;
-    textMode = 0;
+    HandOutText();
   }
 }
 
@@ -69,28 +78,39 @@ bool CMyDrawLoad::AddPath(Entity_ZR::ZR_Path* entity, PARSE::Context) {
     if (pathGroup != nullptr) store.Recycle(pathGroup);
     pathGroup = store.NewGroup();
   }
-  const CoordinateChain chain = ChainOf(*entity);
-  CFileCurve* curve = NewPathCurve(*entity);
+  try {
+    CFileCurve* curve = AppendSubpaths(*entity);
+    // Kept: a path that ends in a move leaves the curves before it in the group, which the next one replaces.
+    if (curve->segmentCount != 0) {
+      FinishPath(curve);
+    } else {
+      store.Recycle(curve);
+    }
+  } catch (const support::BeyondAllowance&) {
+    // What stands of the path is drawn.
+    if (groupDepth == 0 && !CollectsText()) HandOutPath();
+    throw;
+  }
+  return true;
+}
+
+CFileCurve* CMyDrawLoad::AppendSubpaths(Entity_ZR::ZR_Path& entity) {
+  const CoordinateChain chain = ChainOf(entity);
+  CFileCurve* curve = NewPathCurve(entity);
   FilePosition current = chain.Place({});
-  for (PathSegment& segment : entity->segments) {
+  for (PathSegment& segment : entity.segments) {
     const FilePosition end = chain.Place(segment.end);
     if (segment.type == Entity_ZR::kMoveTo) {
       if (curve->segmentCount != 0) {
         store.Append(PathHolder(), curve);
-        curve = NewPathCurve(*entity);
+        curve = NewPathCurve(entity);
       }
-    } else if (AppendSegment(store, *curve, chain, entity->matrix, current, end, segment)) {
-      curve->color = ResultColor(*entity);
+    } else if (AppendSegment(store, *curve, chain, entity.matrix, current, end, segment)) {
+      curve->color = ResultColor(entity);
     } else {
       continue;
     }
     current = end;
   }
-  // Kept: a path that ends in a move leaves the curves before it in the group, which the next one replaces.
-  if (curve->segmentCount != 0) {
-    FinishPath(curve);
-  } else {
-    store.Recycle(curve);
-  }
-  return true;
+  return curve;
 }

@@ -1,5 +1,4 @@
 // Lines, circles, ellipses and arcs: one curve each.
-#include <cmath>
 #include <numbers>
 #include <vector>
 
@@ -32,15 +31,6 @@ bool CMyDrawLoad::AddShape(const Entity_ZR::ZR_Entity& entity) {
   return true;
 }
 
-bool CMyDrawLoad::TakeTurns(double startAngle, double endAngle) {
-  constexpr double usualTurns = 2.0;
-  const double turns = std::fabs(endAngle - startAngle) / (2.0 * std::numbers::pi);
-  if (!(turns > usualTurns)) return true;
-  if (turns > support::limits::kArcTurns || turns > arcTurnsLeft) return false;
-  arcTurnsLeft -= turns;
-  return true;
-}
-
 bool CMyDrawLoad::AddLine(Entity_ZR::ZR_Line* entity, PARSE::Context) {
   if (!entity->IsShown()) return false;
   CFileCurve* curve = NewShapeCurve(*entity);
@@ -58,7 +48,7 @@ bool CMyDrawLoad::AddCircle(Entity_ZR::ZR_Circle* entity, PARSE::Context) {
 }
 
 bool CMyDrawLoad::AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context) {
-  if (!entity->IsShown() || !TakeTurns(entity->startAngle, entity->endAngle)) return false;
+  if (!entity->IsShown()) return false;
   ArcToBezier(entity->reversed != 0, entity->center, entity->radiusY, entity->rotation, entity->startAngle,
               entity->endAngle, entity->radiusX, arcPoints);
   return AddShape(*entity);
@@ -66,7 +56,7 @@ bool CMyDrawLoad::AddEllipse(Entity_ZR::ZR_Ellipse* entity, PARSE::Context) {
 
 // Kept: an arc takes neither its own matrix nor any processing block, unlike all other shapes.
 bool CMyDrawLoad::AddArc(Entity_ZR::ZR_Arc* entity, PARSE::Context) {
-  if (!entity->IsShown() || !TakeTurns(entity->startAngle, entity->endAngle)) return false;
+  if (!entity->IsShown()) return false;
   ArcToBezier(entity->reversed != 0, entity->center, entity->radius, 0.0, entity->startAngle,
               entity->endAngle, entity->radius, arcPoints);
   if (arcPoints.empty()) return false;

@@ -1,7 +1,6 @@
 #ifndef DRAWLOAD_SINK_SPLINE_CONVERSION_H
 #define DRAWLOAD_SINK_SPLINE_CONVERSION_H
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -31,9 +30,9 @@ struct SplinePoint {
 /// control count, a weight is missing, a number is not finite, the kernel refuses its knots, or its degree is
 /// beyond limits::kRationalSplineDegree.
 ///
-/// `drawingWork` is what the drawing may still spend on splitting (limits::kDrawingSplitWork at first).
-std::vector<SplinePoint> SplineFlatten(const Entity_ZR::ZR_Spline& spline, double tolerance,
-                                       std::uint64_t& drawingWork);
+/// A spline of a hundred bytes whose coordinates are huge asks for endless points. It takes some of the work
+/// that its read has left, and is drawn with the points found by then.
+std::vector<SplinePoint> SplineFlatten(const Entity_ZR::ZR_Spline& spline, double tolerance);
 
 /// Whether the lists of a spline are what it says and every number that is drawn is finite.
 bool IsDrawable(const Entity_ZR::ZR_Spline& spline);

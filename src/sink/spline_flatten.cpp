@@ -15,6 +15,7 @@
 #include "curve/knots.h"
 #include "entity/spline.h"
 #include "sink/spline_conversion.h"
+#include "support/account.h"
 #include "support/limits.h"
 
 namespace {
@@ -122,38 +123,25 @@ std::vector<Sample> StartingSamples(const std::vector<Sample>& knots) {
   return samples;
 }
 
-/// What the splitting of one spline may cost. Its control points give it an allowance; beyond that it draws
-/// on what the whole drawing may spend.
+/// What the splitting of one spline may cost: a quarter of the work that is left, since what it finds takes
+/// about twice as much again. The kernel's memory counts as work.
 class SplitBudget {
  public:
-  SplitBudget(const curve::BSpline& spline, std::uint64_t& drawingWork)
-      : cost(std::uint64_t{spline.Order()} * spline.Order()),
-        own(spline.ControlPointCount() * support::limits::kSplitWorkPerPoint),
-        drawing(drawingWork) {}
-
-  bool Allows() const { return own >= cost || (extra >= cost && drawing >= cost); }
-
-  void Spend() {
-    if (own >= cost) {
-      own -= cost;
-    } else {
-      extra -= cost;
-      drawing -= cost;
-    }
+  SplitBudget() : account(support::Account::Current()) {
+    if (account != nullptr) kept = account->WorkLeft() / 4 * 3;
   }
 
+  bool Allows() const { return account == nullptr || account->WorkLeft() > kept; }
+
  private:
-  std::uint64_t cost;
-  std::uint64_t own;
-  std::uint64_t extra = support::limits::kSplineSplitWork;
-  std::uint64_t& drawing;
+  const support::Account* account;
+  std::uint64_t kept = 0;
 };
 
 /// Splits the intervals between samples until the curve is flat between neighbours.
 class Sampling {
  public:
-  Sampling(const PlaneCurve& plane, double flatness, SplitBudget splitBudget)
-      : curveAt(plane), tolerance(flatness), budget(splitBudget) {}
+  Sampling(const PlaneCurve& plane, double flatness) : curveAt(plane), tolerance(flatness) {}
 
   std::vector<Sample> Refine(const std::vector<Sample>& start) {
     std::vector<Sample> samples;
@@ -193,7 +181,6 @@ class Sampling {
     }
     // Where the whole interval lies at infinity there is nothing to find.
     if (!IsFinite(start.point) && !IsFinite(middle.point) && !IsFinite(end.point)) return false;
-    budget.Spend();
     return true;
   }
 
@@ -298,11 +285,10 @@ curve::BSpline WeightedSpline(const ZR_Spline& spline) {
   return weighted;
 }
 
-std::vector<SplinePoint> Flatten(const curve::BSpline& weighted, double tolerance,
-                                 std::uint64_t& drawingWork) {
+std::vector<SplinePoint> Flatten(const curve::BSpline& weighted, double tolerance) {
   const PlaneCurve plane(weighted);
   // An eighth leaves the walk enough samples to come close to the distances that it aims at.
-  Sampling sampling(plane, tolerance / 8.0, SplitBudget(weighted, drawingWork));
+  Sampling sampling(plane, tolerance / 8.0);
   std::vector<Sample> samples = sampling.Refine(StartingSamples(DistinctKnots(weighted)));
   std::erase_if(samples, [](const Sample& sample) { return !IsFinite(sample.point); });
   return samples.empty() ? std::vector<SplinePoint>{} : Thin(plane, samples, tolerance);
@@ -310,13 +296,14 @@ std::vector<SplinePoint> Flatten(const curve::BSpline& weighted, double toleranc
 
 }  // namespace
 
-std::vector<SplinePoint> SplineFlatten(const ZR_Spline& spline, double tolerance,
-                                       std::uint64_t& drawingWork) {
+std::vector<SplinePoint> SplineFlatten(const ZR_Spline& spline, double tolerance) {
   if (!IsDrawable(spline) || spline.weights.size() < spline.controlPoints.size()) return {};
   if (spline.degree > support::limits::kRationalSplineDegree) return {};
   if (std::int64_t{spline.degree} + 1 + spline.controlCount != spline.knotCount) return {};
   try {
-    return Flatten(WeightedSpline(spline), tolerance, drawingWork);
+    return Flatten(WeightedSpline(spline), tolerance);
+  } catch (const support::BeyondAllowance&) {
+    throw;
   } catch (const std::exception&) {
     return {};  // what the kernel refuses costs this spline and nothing else
   }

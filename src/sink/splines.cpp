@@ -10,6 +10,7 @@
 #include "entity/spline.h"
 #include "sink/my_draw_load.h"
 #include "sink/spline_conversion.h"
+#include "support/account.h"
 #include "support/limits.h"
 
 namespace {
@@ -97,6 +98,8 @@ std::optional<curve::BSpline> SplineToBezier(const ZR_Spline& spline) {
     if (spline.knotCount > static_cast<std::int32_t>(support::limits::kSplineKnots)) return std::nullopt;
     if (!IsDrawable(spline)) return std::nullopt;
     return Decompose(spline);
+  } catch (const support::BeyondAllowance&) {
+    throw;
   } catch (const std::exception&) {
     return std::nullopt;  // what the kernel refuses costs this spline and nothing else
   }
@@ -112,7 +115,7 @@ bool CMyDrawLoad::AddSpline(ZR_Spline* entity, PARSE::Context) {
     if (!pieces) return false;
     AppendPieces(*pieces, drawn);
   } else {
-    const std::vector<SplinePoint> points = SplineFlatten(*entity, kFlattenTolerance, splineSplitWork);
+    const std::vector<SplinePoint> points = SplineFlatten(*entity, kFlattenTolerance);
     if (points.empty()) return false;
     AppendLines(points, drawn);
   }

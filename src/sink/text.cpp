@@ -8,10 +8,13 @@
 #include "fonts/glyph_run.h"
 #include "fonts/parse_fonts.h"
 #include "sink/my_draw_load.h"
+#include "support/account.h"
 #include "support/float_to_integer.h"
-#include "support/limits.h"
 
 namespace {
+
+/// What drawing a glyph costs beside its result.
+constexpr std::uint64_t kGlyphWork = 128;
 
 using Entity_ZR::Point3;
 using Entity_ZR::ZR_Path;
@@ -45,14 +48,14 @@ template <typename Receive>
 void GlyphPaths(std::string_view text, Point3 position, bool flipY, fonts::Face& face, Receive receive) {
   fonts::GlyphRun run(face, position.x, position.y, flipY);
   fonts::Outline outline;
-  std::size_t drawnGlyphs = 0;
   for (const char* at = text.data(); at != text.data() + text.size();) {
     const char32_t codePoint = utf8::unchecked::next(at);
     if (codePoint == U'\n' || codePoint == U'\r') continue;
+    support::SpendWork(kGlyphWork);
     const auto outcome = run.Draw(codePoint, outline);
     if (outcome == fonts::GlyphRun::Outcome::kBroken) return;
     if (outcome == fonts::GlyphRun::Outcome::kSkipped) continue;
-    if (++drawnGlyphs > support::limits::kTextGlyphs || !receive(outline)) return;
+    receive(outline);
   }
 }
 
@@ -65,14 +68,26 @@ bool CMyDrawLoad::AddText(ZR_Text* entity, PARSE::Context) {
   textMode = 1;
   textLast = 0;
   if (groupDepth == 0 && textGroup == nullptr) textGroup = store.NewGroup();
-  DrawText(*entity);
+  try {
+    if (!support::RunItem([&] { DrawText(*entity); })) AbandonText();
+  } catch (...) {
+    AbandonText();
+    throw;
+  }
   return true;
+}
+
+void CMyDrawLoad::AbandonText() {
+  if (groupDepth == 0 && CollectsText()) HandOutText();
+  if (parseFonts == nullptr || parseFonts->faces == nullptr) return;
+  if (parseFonts->faces->IsExhausted()) parseFonts->faces.reset();
 }
 
 void CMyDrawLoad::DrawText(const ZR_Text& text) {
   if (parseFonts == nullptr) parseFonts = std::make_unique<fonts::ParseFonts>();
   const std::string& file = parseFonts->lookup.FileOf(text.fontName);
-  fonts::Face* face = parseFonts->faces.FaceOf(file, PixelSize(text.height));
+  if (parseFonts->faces == nullptr) parseFonts->faces = std::make_unique<fonts::FaceCache>();
+  fonts::Face* face = parseFonts->faces->FaceOf(file, PixelSize(text.height));
   if (face == nullptr) return;
 
   ZR_Path glyphPath;
@@ -82,12 +97,9 @@ void CMyDrawLoad::DrawText(const ZR_Text& text) {
   // The last path bears a mark, so each one waits until it is known whether another follows.
   bool isWaiting = false;
   GlyphPaths(text.text, text.position, text.flipY != 0, *face, [&](const fonts::Outline& outline) {
-    if (outline.size() > support::limits::kGlyphSegmentsPerFile - glyphSegments) return false;
-    glyphSegments += outline.size();
     if (isWaiting) AddPath(&glyphPath, 0);
     SetSegments(glyphPath, outline);
     isWaiting = true;
-    return true;
   });
   if (!isWaiting) return;
   textLast = 1;

@@ -1,6 +1,7 @@
 #ifndef DRAWLOAD_SUPPORT_ACCOUNT_H
 #define DRAWLOAD_SUPPORT_ACCOUNT_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -60,6 +61,9 @@ class Account {
 
   /// Counts work. Throws `WorkUsedUp` where the allowance or the outermost item's share has less left.
   void Spend(std::uint64_t units);
+
+  /// What the outermost item, or the read outside of items, may still do.
+  std::uint64_t WorkLeft() const noexcept { return WorkLimit() - std::min(spent, WorkLimit()); }
 
   std::uint64_t Held() const { return working + results; }
   std::uint64_t Held(MemoryUse use) const { return use == MemoryUse::kWorking ? working : results; }

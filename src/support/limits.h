@@ -41,37 +41,6 @@ constexpr int kInsertDepth = 100;
 /// filled. A count may lie, and a file may hold a lying count in each of its entities.
 constexpr std::size_t kReservedByCount = 4096;
 
-/// Last pieces (groups 1) of one DXF paragraph text that have the whole text decoded once more; behind them
-/// only the piece itself is. Real texts have one; each costs a pass over the text so far.
-constexpr int kDxfTextRedecodings = 16;
-
-/// Entities that the expansion of DXF blocks may make, in units: four for an entity and one for each of its
-/// points and quarter turns. A small file of blocks in blocks can ask for any number; this base is two
-/// million lines or a million circles, and each unit that the file itself holds adds to it. One outermost
-/// reference takes at most half of what is left.
-constexpr std::size_t kExpansionBase = 8'000'000 / kWorkDivisor;
-constexpr std::size_t kExpansionPerUnit = 16;
-
-/// Nesting of block references up to which an entity has its plain price; each level beyond adds the price
-/// once more. Real drawings stay within it; blocks that insert themselves have nearly all of theirs far
-/// deeper.
-constexpr int kInsertUsualDepth = 4;
-
-/// Dashes of a DXF line type that are passed on. Programs write twelve at most; every entity gets a copy.
-constexpr std::size_t kLineTypeDashes = 1000;
-
-/// Bytes of the font names of a DXF text style. Every text gets a copy; no path is longer.
-constexpr std::size_t kStyleFontNameBytes = 4096;
-
-/// Items and paragraphs of one DXF paragraph text. An item takes twenty times the bytes of the code that asks
-/// for it; a million of them is a book.
-constexpr std::size_t kMTextItems = 1'000'000 / kWorkDivisor;
-constexpr std::size_t kMTextParagraphs = 250'000 / kWorkDivisor;
-
-/// Bytes of picture files that are read for one DXF drawing, and pixels that are decoded, in all. A drawing
-/// of a few bytes can name one large picture over and over.
-constexpr std::size_t kDrawingPictureWork = (std::size_t{1} << 30) / kWorkDivisor;
-
 /// Pixels of one picture: an A3 sheet at 800 dots per inch. Decoding takes up to 16 bytes for each.
 constexpr std::size_t kPicturePixels = (std::size_t{1} << 27) / kWorkDivisor;
 
@@ -110,10 +79,6 @@ constexpr std::size_t kJpeg2000PacketsPerByte = 8;
 /// Whole turns between the two angles of an arc. Each quarter turn becomes a segment, so a file of a few
 /// bytes could ask for endless ones; real arcs stay within one turn.
 constexpr int kArcTurns = 1000;
-
-/// Whole turns of all arcs of a file that go round more than twice. A hundred of such arcs at the bound above
-/// stay within it; a megabyte of them would become gigabytes of segments.
-constexpr double kFileArcTurns = 100'000;
 
 /// Size of an arc's angle, in radians. Beyond it a 64-bit float is too coarse to say a direction, and a
 /// quarter turn added to it may change nothing.
@@ -169,15 +134,6 @@ constexpr std::uint32_t kSplineKnots = 50000;
 /// Degree of a rational spline. Modellers stop at about 25; a point costs the square of the degree.
 constexpr std::int32_t kRationalSplineDegree = 32;
 
-/// Work on splitting the intervals of rational splines, in blends of two control points: what each control
-/// point of a spline may cost, and what one spline, and all splines of a drawing, may cost beyond that.
-/// Enough for circles of a hundred metres, and for millions of splits in common drawings; a spline of a
-/// hundred bytes whose coordinates are huge would ask for endless ones. What is left unsplit is drawn with
-/// the chords that it has.
-constexpr std::uint64_t kSplitWorkPerPoint = 256;
-constexpr std::uint64_t kSplineSplitWork = 320'000;
-constexpr std::uint64_t kDrawingSplitWork = 64'000'000 / kWorkDivisor;
-
 /// Bytes of a font name. The time that Fontconfig takes to parse one grows with the square of its families.
 constexpr std::size_t kFontNameBytes = 4096;
 
@@ -189,19 +145,6 @@ constexpr std::size_t kOpenFaces = 64;
 
 /// Memory for the glyphs that are kept from text to text. Beyond it they are loaded again.
 constexpr std::size_t kKeptGlyphBytes = std::size_t{64} << 20;
-
-/// Glyphs of one text, which is one line: at a height of 1 mm it would be some 40 metres long. One byte of
-/// text becomes some 4 kB of results.
-constexpr std::size_t kTextGlyphs = 65536;
-
-/// Segments of all glyph outlines of one file: some 800,000 letters, or 2 GB of results.
-constexpr std::size_t kGlyphSegmentsPerFile = (std::size_t{1} << 24) / kWorkDivisor;
-
-/// One packed grey bitmap, in bytes: a picture of `kPicturePixels` with its rows padded.
-constexpr std::size_t kBitmapBytes = (std::size_t{1} << 28) / kWorkDivisor;
-
-/// All packed grey bitmaps of one file, in bytes: eight A3 sheets at 800 dots per inch.
-constexpr std::size_t kBitmapBytesPerFile = (std::size_t{1} << 30) / kWorkDivisor;
 
 /// Attributes of one XML element. The parser compares each with all before it; drawing programs write up to a
 /// few dozen. A file with more counts as damaged.

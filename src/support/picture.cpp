@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 
+#include "support/account.h"
 #include "support/counted_memory.h"
 #include "support/limits.h"
 
@@ -46,6 +47,9 @@ void* CopyForDecoder(void* to, const void* from, std::size_t size) {
 namespace support {
 namespace {
 
+/// What decoding a pixel costs beside the memory that it takes.
+constexpr std::uint64_t kPixelWork = 2;
+
 struct PictureSize {
   int width = 0;
   int height = 0;
@@ -75,7 +79,7 @@ bool IsJpeg(std::string_view file) {
 }
 
 bool IsWithinBounds(std::string_view file, const PictureSize& size) {
-  if (size.width < 0 || size.height < 0 || size.Pixels() > limits::kPicturePixels) return false;
+  if (size.width < 0 || size.height < 0) return false;
   const std::size_t pixelsPerByte = IsJpeg(file) ? limits::kJpegPixelsPerByte : limits::kPicturePixelsPerByte;
   return size.Pixels() <= limits::kSmallPicturePixels || size.Pixels() / pixelsPerByte <= file.size();
 }
@@ -189,6 +193,7 @@ Picture DecodePicture(std::string_view file) {
   if (!ReadSize(file, size) || !IsWithinBounds(file, size)) return {};
   Picture picture;
   picture.work = size.PassWork() * (1 + segments.scans / limits::kJpegUsualScans);
+  SpendWork(kPixelWork * picture.work);
   blockLimit = BlockLimit(file, size);
   picture.pixels.reset(DecodePixels(file, size), CountedFree);
   if (picture.pixels == nullptr) return picture;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <vector>
 
 #include "support/limits.h"
 #include "support/text_to_number.h"
@@ -19,6 +20,16 @@ using Svg::SVG_Element;
 namespace {
 
 constexpr std::uint32_t kNoColor = 0xFFFFFFFF;
+
+constexpr std::string_view kDefaultDashArray = "none";
+const Entity_ZR::SharedNumbers kDefaultDashes = std::vector<double>{0.0};
+
+Entity_ZR::SharedNumbers DashesOf(std::string_view dashArray) {
+  if (dashArray == kDefaultDashArray) return kDefaultDashes;
+  std::vector<double> dashes;
+  Svg::ForEachPiece(dashArray, ',', [&dashes](std::string_view piece) { dashes.push_back(AtoF(piece)); });
+  return dashes;
+}
 
 /// Bytes of attributes that count as much as a record in the look-up of gradients.
 constexpr std::size_t kCopyBytesOfUnit = 64;
@@ -103,8 +114,7 @@ void SVG_RW::ApplyStyle(const SVG_Element& record, ZR_Entity& entity) {
 
 /// Kept: the default "none" reads as one dash of length 0, and the width has neither unit nor scale.
 void SVG_RW::ApplyLineStyle(ZR_Entity& entity) {
-  Svg::ForEachPiece(groupAttributes->Field(Svg::kStrokeDashArray), ',',
-                    [&entity](std::string_view piece) { entity.dashes.push_back(AtoF(piece)); });
+  entity.dashes = DashesOf(groupAttributes->Field(Svg::kStrokeDashArray));
   SetCode(entity.lineCap, groupAttributes->Field(Svg::kStrokeLineCap), kLineCaps);
   SetCode(entity.lineJoin, groupAttributes->Field(Svg::kStrokeLineJoin), kLineJoins);
   entity.miterLimit = Number(Svg::kStrokeMiterLimit);

@@ -3,7 +3,6 @@
 
 #include "drawing.h"
 #include "dxf/aci_colors.h"
-#include "support/limits.h"
 
 namespace {
 
@@ -157,13 +156,19 @@ TEST(ConvertCommon, HasNoDashesForAnUnknownLineType) {
   EXPECT_THAT(ReadLine("")->dashes, IsEmpty());
 }
 
-TEST(ConvertCommon, PassesOnNoMoreDashesThanItsBound) {
+TEST(ConvertCommon, SharesTheDashesOfALineTypeAmongAllEntities) {
   std::string type = "long";
-  for (std::size_t i = 0; i < support::limits::kLineTypeDashes + 5; ++i) type += "|49|1";
+  for (std::size_t i = 0; i < 2000; ++i) type += "|49|1";
   Drawing drawing;
-  drawing.tables = Table("LTYPE", {type});
-  drawing.entities = kLine + "6|long";
-  EXPECT_EQ(ReadOne<ZR_Line>(drawing)->dashes.size(), support::limits::kLineTypeDashes);
+  drawing.tables = Table("LTYPE", {type}) + Table("LAYER", {"dashed|6|long"});
+  drawing.entities = kLine + "6|long|" + kLine + "6|long|" + kLine + "8|dashed";
+  RecordingSink sink;
+  ReadInto(sink, drawing);
+  const auto lines = sink.All<ZR_Line>();
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_EQ(lines[0]->dashes.size(), 2000u);
+  EXPECT_EQ(&lines[1]->dashes.Get(), &lines[0]->dashes.Get());
+  EXPECT_EQ(lines[2]->dashes, lines[0]->dashes);
 }
 
 TEST(ConvertCommon, FreesEntitiesThatTheSinkRefusesAndGoesOn) {

@@ -38,6 +38,19 @@ TEST(ConvertText, HandsTextOverInTheBytesOfTheFile) {
   EXPECT_EQ(ReadOne<ZR_Text>("0|TEXT|1|\xD6\xD0\xCE\xC4")->text, "\xD6\xD0\xCE\xC4");
 }
 
+TEST(ConvertText, SharesTheFontNamesOfAStyleAmongItsTexts) {
+  Drawing drawing;
+  drawing.tables = Table("STYLE", {"s|3|" + std::string(5000, 'a') + "|4|" + std::string(5000, 'b')});
+  drawing.entities = "0|TEXT|1|x|7|s|0|TEXT|1|y|7|S";
+  RecordingSink sink;
+  ReadInto(sink, drawing);
+  const auto texts = sink.All<ZR_Text>();
+  ASSERT_EQ(texts.size(), 2u);
+  EXPECT_EQ(texts[0]->fontName, std::string(5000, 'a'));
+  EXPECT_EQ(&texts[1]->fontName.Get(), &texts[0]->fontName.Get());
+  EXPECT_EQ(&texts[1]->bigFontName.Get(), &texts[0]->bigFontName.Get());
+}
+
 TEST(ConvertText, UsesSimSunWithoutAStyle) { EXPECT_EQ(ReadText("")->fontName, "SimSun"); }
 
 TEST(ConvertText, FindsItsStyleWhateverTheCase) {
@@ -153,7 +166,7 @@ TEST(ConvertMText, StartsWithTheFormatOfItsStyleAndTheColourOfItsOwn) {
   ASSERT_EQ(text->paragraphs.size(), 1u);
   EXPECT_THAT(
       text->paragraphs[0].items,
-      ElementsAre(MTextItem{kMTextFont, std::string("arial")}, MTextItem{kMTextHeight, 7.0},
+      ElementsAre(MTextItem{kMTextFont, SharedText("arial")}, MTextItem{kMTextHeight, 7.0},
                   MTextItem{kMTextWidth, 0.5}, MTextItem{kMTextOblique, 15.0}, MTextItem{kMTextBold, false},
                   MTextItem{kMTextItalic, true}, MTextItem{kMTextColor, PackColor(255, 0, 0)},
                   MTextItem{kMTextRun, std::string("abc")}));

@@ -1,9 +1,11 @@
 #include "dxf/dxf_rw.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "dxf/walked_file.h"
+#include "support/account.h"
 
 namespace {
 
@@ -53,6 +55,48 @@ TEST(DxfRead, PassesItsContextToEverythingButTheBeginAndTheEndOfTheRead) {
   reader.sink = &sink;
   reader.Read(file.path, 7);
   EXPECT_THAT(sink.calls, ElementsAre("BeginRead", "BeginFile 7", "AddLine 7", "EndFile 7", "EndRead"));
+}
+
+/// Leaves the account `spare` bytes of working memory beside the file itself.
+void HoldAllBut(std::uint64_t spare, std::size_t fileBytes, support::Account& account) {
+  account.AllowForFile(fileBytes);
+  account.Hold(support::Allowance::Of(fileBytes).working - fileBytes - spare, support::MemoryUse::kWorking);
+}
+
+TEST(DxfRead, ReadsOnAfterARecordThatDoesNotFit) {
+  const std::string text =
+      TagText("0|SECTION|2|HEADER|9|$A|1|" + std::string(300'000, 'h') +
+              "|0|ENDSEC|0|SECTION|2|TABLES|0|TABLE|2|STYLE|0|STYLE|3|" + std::string(300'000, 's') +
+              "|0|ENDTAB|0|ENDSEC|0|SECTION|2|BLOCKS|0|BLOCK|2|" + std::string(300'000, 'b') +
+              "|0|ENDBLK|0|ENDSEC|0|SECTION|2|ENTITIES|0|LINE|11|1|0|MTEXT|1|" + std::string(300'000, 'm') +
+              "|0|LINE|11|2|0|ENDSEC|0|EOF");
+  const WrittenDxf file(text);
+  support::Account account;
+  HoldAllBut(200'000, text.size(), account);
+  const support::AccountScope scope(account);
+  BracketSink sink;
+  DXF_RW reader;
+  reader.sink = &sink;
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  EXPECT_THAT(sink.calls, ElementsAre("BeginRead", "BeginFile", "AddLine", "AddLine", "EndFile", "EndRead"));
+  EXPECT_EQ(account.Cuts(), 4u);
+}
+
+TEST(DxfRead, DrawsWhatWasReadBeforeTheMemoryIsUsedUp) {
+  std::string lines;
+  for (int i = 0; i < 10'000; ++i) lines += "0|LINE|11|1|";
+  const std::string text = TagText("0|SECTION|2|ENTITIES|" + lines + "0|ENDSEC|0|EOF");
+  const WrittenDxf file(text);
+  support::Account account;
+  HoldAllBut(500'000, text.size(), account);
+  const support::AccountScope scope(account);
+  BracketSink sink;
+  DXF_RW reader;
+  reader.sink = &sink;
+  EXPECT_TRUE(reader.Read(file.path, 0));
+  EXPECT_GT(std::count(sink.calls.begin(), sink.calls.end(), "AddLine"), 500);
+  EXPECT_LT(std::count(sink.calls.begin(), sink.calls.end(), "AddLine"), 5000);
+  EXPECT_EQ(sink.calls.back(), "EndRead");
 }
 
 TEST(DxfRead, EndsTheFileButNotTheReadWhenItCannotBeOpened) {

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "dxf/aci_colors.h"
-#include "support/limits.h"
 
 namespace {
 
@@ -54,7 +53,7 @@ TEST(MTextFormat, BeginsWithTheAttributesOfTheFormat) {
   ASSERT_EQ(paragraphs.size(), 1u);
   EXPECT_THAT(
       paragraphs[0].items,
-      ElementsAre(MTextItem{kMTextFont, std::string("txt")}, MTextItem{kMTextHeight, 2.0},
+      ElementsAre(MTextItem{kMTextFont, SharedText("txt")}, MTextItem{kMTextHeight, 2.0},
                   MTextItem{kMTextWidth, 0.5}, MTextItem{kMTextOblique, 10.0}, MTextItem{kMTextBold, false},
                   MTextItem{kMTextItalic, false}, MTextItem{kMTextColor, kOwnColor}));
 }
@@ -90,11 +89,11 @@ TEST(MTextFormat, ResetsEverythingAtTheFirstOfTwoClosingBraces) {
 
 TEST(MTextFormat, ResetsEachAttributeToItsDefault) {
   EXPECT_THAT(Items("\\fA|b1|i1;\\H3;\\C1;\\Q5;\\K\\T2;}"),
-              ElementsAre(MTextItem{kMTextFont, std::string("A")}, MTextItem{kMTextBold, true},
+              ElementsAre(MTextItem{kMTextFont, SharedText("A")}, MTextItem{kMTextBold, true},
                           MTextItem{kMTextItalic, true}, MTextItem{kMTextHeight, 6.0},
                           MTextItem{kMTextColor, PackColor(255, 0, 0)}, MTextItem{kMTextOblique, 5.0},
                           MTextItem{kMTextStrike, true}, MTextItem{kMTextTracking, 2.0},
-                          MTextItem{kMTextFont, std::string("txt")}, MTextItem{kMTextHeight, 2.0},
+                          MTextItem{kMTextFont, SharedText("txt")}, MTextItem{kMTextHeight, 2.0},
                           MTextItem{kMTextColor, kOwnColor}, MTextItem{kMTextOblique, 10.0},
                           MTextItem{kMTextBold, false}, MTextItem{kMTextItalic, false},
                           MTextItem{kMTextStrike, false}, MTextItem{kMTextTracking, 1.0}));
@@ -145,12 +144,12 @@ TEST(MTextFormat, TakesTrueColoursWithRedInTheLowestByte) {
 
 TEST(MTextFormat, TakesAFontWithAndWithoutOptions) {
   EXPECT_THAT(Items("\\Fisocp.shx;a"),
-              ElementsAre(MTextItem{kMTextFont, std::string("isocp.shx")}, Text("a")));
+              ElementsAre(MTextItem{kMTextFont, SharedText("isocp.shx")}, Text("a")));
   EXPECT_THAT(Items("\\fArial|b1|i0|c134|p34;a"),
-              ElementsAre(MTextItem{kMTextFont, std::string("Arial")}, MTextItem{kMTextBold, true},
+              ElementsAre(MTextItem{kMTextFont, SharedText("Arial")}, MTextItem{kMTextBold, true},
                           MTextItem{kMTextItalic, false}, Text("a")));
   EXPECT_THAT(Items("\\fArial|b0|i1;"),
-              ElementsAre(MTextItem{kMTextFont, std::string("Arial")}, MTextItem{kMTextBold, false},
+              ElementsAre(MTextItem{kMTextFont, SharedText("Arial")}, MTextItem{kMTextBold, false},
                           MTextItem{kMTextItalic, true}));
 }
 
@@ -266,16 +265,27 @@ TEST(MTextFormat, StopsWhereTheTextEndsWithinACodeAndKeepsWhatStandsBefore) {
 }
 
 TEST(MTextFormat, KeepsTheFontOfACodeThatBreaksOffInItsOptions) {
-  EXPECT_THAT(Items("\\fArial|b1"), ElementsAre(MTextItem{kMTextFont, std::string("Arial")}));
+  EXPECT_THAT(Items("\\fArial|b1"), ElementsAre(MTextItem{kMTextFont, SharedText("Arial")}));
 }
 
-TEST(MTextFormat, StopsAtItsBounds) {
+TEST(MTextFormat, SharesTheDefaultFontAmongAllChangesBackToIt) {
+  DXF_TextFormat format;
+  format.fontName = std::string(5000, 'f');
+  const std::vector<MTextParagraph> paragraphs = ParseMTextFormat("\\fA;}\\fA;}", format, {});
+  ASSERT_EQ(paragraphs.size(), 1u);
+  const auto& items = paragraphs[0].items;  // the seven of the start, then the font there and back, twice
+  ASSERT_EQ(items.size(), 11u);
+  for (const std::size_t i : {0u, 8u, 10u}) {
+    EXPECT_EQ(&std::get<SharedText>(items[i].value).Get(), &format.fontName.Get());
+  }
+}
+
+TEST(MTextFormat, ReadsABook) {
   std::string text;
-  for (std::size_t i = 0; i < support::limits::kMTextParagraphs + 10; ++i) text += "\\P";
-  EXPECT_EQ(Parse(text).size(), support::limits::kMTextParagraphs);
-  text.clear();
-  for (std::size_t i = 0; i < support::limits::kMTextItems + 10; ++i) text += "\\l";
-  EXPECT_EQ(Parse(text).front().items.size(), support::limits::kMTextItems);
+  for (int i = 0; i < 300'000; ++i) text += "\\l\\l\\l\\l\\P";
+  const std::vector<MTextParagraph> paragraphs = Parse(text);
+  ASSERT_EQ(paragraphs.size(), 300'000u);
+  EXPECT_EQ(paragraphs.back().items.size(), 4u);
 }
 
 }  // namespace

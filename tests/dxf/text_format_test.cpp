@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "dxf/dxf_tables.h"
-#include "support/limits.h"
 
 namespace {
 
@@ -104,14 +103,6 @@ TEST(TextFormat, IsVerticalByTheStylesFlagOfTheValueFour) {
   EXPECT_FALSE(TextFormatOf(&style).vertical);
   style.flags = 4 | 64;
   EXPECT_TRUE(TextFormatOf(&style).vertical);
-}
-
-TEST(TextFormat, CutsFontNamesThatAreNoNames) {
-  const std::string longName(support::limits::kStyleFontNameBytes + 1, 'a');
-  DXF_TextStyle style = StyleWithFont(longName);
-  style.bigFont = style.font;
-  EXPECT_EQ(TextFormatOf(&style).fontName.size(), support::limits::kStyleFontNameBytes);
-  EXPECT_EQ(TextFormatOf(&style).bigFontName.size(), support::limits::kStyleFontNameBytes);
 }
 
 }  // namespace

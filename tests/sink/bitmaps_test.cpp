@@ -8,7 +8,7 @@
 #include "entity/insert.h"
 #include "sink/grey_bitmap.h"
 #include "sink/my_draw_load.h"
-#include "support/limits.h"
+#include "support/account.h"
 
 namespace {
 
@@ -46,8 +46,6 @@ Number At(const Bytes& block, std::size_t offset) {
   std::memcpy(&number, block.data() + offset, sizeof(number));
   return number;
 }
-
-TEST(PackGreyBitmap, MakesNoBlockBeyondItsBound) { EXPECT_EQ(PackGreyBitmap(16384, 16384, 1, {}), nullptr); }
 
 TEST(PackGreyBitmap, WritesTheHeader) {
   const Bytes block = Pack(5, 3, 1, Bytes(15, 100));
@@ -415,16 +413,38 @@ TEST(AddImage, CountsAttributesOfAnyTagAsAttributes) {
   EXPECT_EQ(dib->frequency, 1.0);
 }
 
-TEST(AddImage, StopsAtTheBoundOfAllBitmapsOfAFile) {
+TEST(AddImage, DropsABitmapThatDoesNotFitAndDrawsWhatFollows) {
+  support::Account account({.held = 1'000'000, .working = 1'000'000, .work = 100'000'000});
+  const support::AccountScope scope(account);
   CMyDrawLoad sink;
   ZR_Image image = BlackImage(1, 1);
-  image.width = image.height = 16000;  // 256 million bytes each, almost all of them without a source
-  image.channels = 1;
-  int accepted = 0;
-  while (accepted < 10 && sink.AddImage(&image, 0)) ++accepted;
-  EXPECT_EQ(accepted, static_cast<int>(support::limits::kBitmapBytesPerFile / 256001064));
+  image.width = image.height = 1000;  // a million bytes and the head
+  EXPECT_FALSE(sink.AddImage(&image, 0));
+  EXPECT_EQ(account.Cuts(), 1u);
+  image.width = image.height = 900;
+  EXPECT_TRUE(sink.AddImage(&image, 0));
+  EXPECT_FALSE(sink.AddImage(&image, 0));
   ZR_Image small = BlackImage(1, 1);
   EXPECT_TRUE(sink.AddImage(&small, 0));
+  EXPECT_EQ(sink.resultCount, 2u);
+}
+
+TEST(AddImage, CountsItsPackedPixelsAsResults) {
+  support::Account account;
+  const support::AccountScope scope(account);
+  CMyDrawLoad sink;
+  ZR_Image image = BlackImage(1, 1);
+  image.width = 4000;
+  image.height = 1000;
+  const std::uint64_t before = account.Held(support::MemoryUse::kResults);
+  EXPECT_TRUE(sink.AddImage(&image, 0));
+  EXPECT_GE(account.Held(support::MemoryUse::kResults) - before, 4'000'000u);
+  EXPECT_LT(account.Held(support::MemoryUse::kWorking), 100'000u);
+}
+
+TEST(PackGreyBitmap, RefusesMoreBytesThanItsHeaderCanState) {
+  EXPECT_EQ(PackGreyBitmap(65536, 65536, 1, {}), nullptr);
+  EXPECT_EQ(PackGreyBitmap(0x7FFFFFFF, 0x7FFFFFFF, 1, {}), nullptr);
 }
 
 }  // namespace

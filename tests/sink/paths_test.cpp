@@ -4,6 +4,7 @@
 #include "entity/path.h"
 #include "result/processing_block.h"
 #include "sink/sink_results.h"
+#include "support/account.h"
 
 namespace {
 
@@ -339,4 +340,33 @@ TEST(AddPath, LeavesWhatWaitsInATextsGroupToTheSinksEnd) {
   BeginText(sink);
   Add(sink, LineAt(1));
   EXPECT_FALSE(sink.HasResults());
+}
+
+TEST(AddPath, HandsOutTheSubpathsThatFitAndDrawsWhatFollows) {
+  ZR_Path path;
+  for (int i = 0; i < 10'000; ++i) {
+    path.MoveTo(i, 0);
+    path.LineTo(i, 1);
+  }
+  support::Account account({.held = 2'000'000, .working = 2'000'000, .work = 100'000'000});
+  const support::AccountScope scope(account);
+  CMyDrawLoad sink;
+  EXPECT_FALSE(support::RunItem([&] { sink.AddPath(&path, 0); }));
+  const std::uint32_t ofPath = sink.resultCount;
+  EXPECT_GT(ofPath, 100u);
+  EXPECT_LT(ofPath, 10'000u);
+  account.AllowForFile(0);
+  Add(sink, LineAt(-1));
+  EXPECT_EQ(sink.resultCount, ofPath + 1);
+  EXPECT_EQ(StartsAlongX(sink).back(), -1.0);
+}
+
+TEST(EndGroup, NeedsNoMemory) {
+  support::Account account;
+  const support::AccountScope scope(account);
+  CMyDrawLoad sink;
+  for (int i = 0; i < 100; ++i) OpenFrame(sink, {});
+  account.Hold(support::Allowance::Of(0).held - account.Held(), support::MemoryUse::kResults);
+  for (int i = 0; i < 100; ++i) sink.EndGroup(0);
+  EXPECT_EQ(sink.groupDepth, 0u);
 }

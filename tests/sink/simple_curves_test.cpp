@@ -5,6 +5,7 @@
 
 #include "entity/shapes.h"
 #include "sink/sink_results.h"
+#include "support/account.h"
 
 namespace {
 
@@ -232,18 +233,31 @@ TEST(AddArc, DrawsFromStartToEnd) {
   EXPECT_EQ(Curves(sink)[0]->color, 0x010203u);
 }
 
-TEST(AddArc, DrawsArcsOfManyTurnsUntilTheFileHasHadItsShare) {
+TEST(AddArc, CountsTheTurnsOfALongArcAsWork) {
+  support::Account account;
+  const support::AccountScope scope(account);
   CMyDrawLoad sink;
   ZR_Arc round = QuarterArc();
   round.endAngle = 999.5 * 2.0 * kPi;
-  for (int i = 0; i < 200; ++i) sink.AddArc(&round, 0);
-  ZR_Ellipse flat = HalfEllipse(2, 1);
-  flat.endAngle = round.endAngle;
-  EXPECT_FALSE(sink.AddEllipse(&flat, 0));
-  ZR_Arc twice = QuarterArc();
-  twice.endAngle = 4.0 * kPi;
-  EXPECT_TRUE(sink.AddArc(&twice, 0));
-  EXPECT_EQ(Curves(sink).size(), 101u);  // 100 of them stay within 100,000 turns
+  const std::uint64_t before = account.Spent();
+  EXPECT_TRUE(sink.AddArc(&round, 0));
+  EXPECT_GT(account.Spent() - before,
+            3998u * (sizeof(FileSegment) + 192));  // its sections, and what they take
+}
+
+TEST(AddArc, EndsAtASectionThatDoesNotFitAndDrawsWhatFollows) {
+  support::Account account({.held = 1'000'000, .working = 500'000, .work = 100'000'000});
+  const support::AccountScope scope(account);
+  CMyDrawLoad sink;
+  ZR_Arc round = QuarterArc();
+  round.endAngle = 999.5 * 2.0 * kPi;
+  int drawn = 0;
+  while (drawn < 10 && support::RunItem([&] { sink.AddArc(&round, 0); })) ++drawn;
+  EXPECT_LT(drawn, 3);
+  account.AllowForFile(0);
+  ZR_Arc quarter = QuarterArc();
+  EXPECT_TRUE(sink.AddArc(&quarter, 0));
+  EXPECT_EQ(Curves(sink).size(), static_cast<std::size_t>(drawn) + 1);
 }
 
 TEST(AddArc, PassesItsOwnMatrixOver) {

@@ -9,7 +9,7 @@
 #include "entity/path.h"
 #include "fonts/direct_glyphs.h"
 #include "sink/my_draw_load.h"
-#include "support/limits.h"
+#include "support/account.h"
 
 namespace {
 
@@ -376,13 +376,45 @@ TEST_F(AddText, DrawsAZeroCharacterAsTheFontDoes) {
             ExpectedCurves(direct::Glyphs(direct::kSans, 12, std::u32string(U"A\0B", 3), 0.0, 0.0, false)));
 }
 
-TEST_F(AddText, StopsAtTheBoundOfGlyphs) {
-  ZR_Text text = TextOf(std::string(10'000'000, '|'), 2.0);
-  alarm(300);  // ends the program where it goes on without end
+TEST_F(AddText, DrawsALineOfAHundredThousandGlyphs) {
+  ZR_Text text = TextOf(std::string(100'000, '|'), 2.0);
   sink.AddText(&text, 0);
-  alarm(0);
-  EXPECT_EQ(sink.resultCount, support::limits::kTextGlyphs);
+  EXPECT_EQ(sink.resultCount, 100'000u);
+}
+
+TEST_F(AddText, HandsOutWhatFitsOfATextAndDrawsThePathsThatFollow) {
+  support::Account account({.held = 10'000'000, .working = 10'000'000, .work = 1'000'000'000});
+  const support::AccountScope scope(account);
+  ZR_Text text = TextOf(std::string(1'000'000, '|'), 2.0);
+  EXPECT_TRUE(sink.AddText(&text, 0));
+  EXPECT_EQ(account.Cuts(), 1u);
+  EXPECT_GT(sink.resultCount, 1000u);
   EXPECT_EQ(sink.textMode, 0);
+  EXPECT_EQ(sink.textGroup, nullptr);
+  account.AllowForFile(0);
+  const std::uint32_t ofText = sink.resultCount;
+  ZR_Path path = LinePath();
+  sink.AddPath(&path, 0);
+  EXPECT_EQ(sink.resultCount, ofText + 1);
+}
+
+TEST_F(AddText, StartsTheFontEngineAnewAfterItRanOutOfMemory) {
+  ZR_Text text = TextOf("l");
+  ZR_Text other = TextOf("l", 12.0, "Engraved");
+  support::Account account;
+  const support::AccountScope scope(account);
+  sink.AddText(&text, 0);
+  ASSERT_EQ(sink.resultCount, 1u);
+  // Enough is left for the look-up of the font and for the file, but not for the engine's face.
+  const std::uint64_t most = support::Allowance::Of(0).working;
+  account.Hold(most - account.Held(support::MemoryUse::kWorking) - 100'000, support::MemoryUse::kWorking);
+  EXPECT_TRUE(sink.AddText(&other, 0));
+  EXPECT_EQ(sink.resultCount, 1u);
+  EXPECT_EQ(account.Cuts(), 1u);
+  account.AllowForFile(1'000'000);
+  sink.AddText(&other, 0);
+  sink.AddText(&text, 0);
+  EXPECT_EQ(sink.resultCount, 3u);
 }
 
 TEST_F(AddText, PassesOverMillionsOfLineFeeds) {

@@ -5,6 +5,7 @@
 #include <vector>
 #include <zlib.h>
 
+#include "support/account.h"
 #include "support/broken_png.h"
 
 namespace {
@@ -28,15 +29,15 @@ std::string Chunk(const std::string& name, const std::string& data) {
   return BigEndian(data.size()) + body + BigEndian(sum);
 }
 
-/// A PNG file of 8-bit samples; `colourType` 0 grey, 2 colour, 4 grey with alpha, 6 colour with alpha. Each
-/// row of `rows` begins with its filter byte.
-std::string Png(std::size_t width, std::size_t height, char colourType, const std::string& rows) {
+/// A PNG file of samples of `depth` bits; `colourType` 0 grey, 2 colour, 4 grey with alpha, 6 colour with
+/// alpha. Each row of `rows` begins with its filter byte.
+std::string Png(std::size_t width, std::size_t height, char colourType, const std::string& rows,
+                char depth = 8) {
   std::vector<Bytef> packed(compressBound(static_cast<uLong>(rows.size())));
   uLongf size = static_cast<uLongf>(packed.size());
   compress(packed.data(), &size, reinterpret_cast<const Bytef*>(rows.data()),
            static_cast<uLong>(rows.size()));
-  const std::string header =
-      BigEndian(width) + BigEndian(height) + '\x08' + colourType + std::string(3, '\0');
+  const std::string header = BigEndian(width) + BigEndian(height) + depth + colourType + std::string(3, '\0');
   return "\x89PNG\r\n\x1A\n" + Chunk("IHDR", header) +
          Chunk("IDAT", std::string(packed.begin(), packed.begin() + static_cast<std::ptrdiff_t>(size))) +
          Chunk("IEND", "");
@@ -203,9 +204,37 @@ TEST(DecodePicture, FindsJpegTablesAfterAllThatTheDataOfAScanMayHold) {
   }
 }
 
-TEST(DecodePicture, DoesNotBeginAPictureBeyondTheBoundOfPixels) {
-  EXPECT_EQ(DecodePicture("P5 11000 11000 255\n" + std::string(20'000, 'x')).work, 121'000'000u);
-  EXPECT_EQ(DecodePicture("P5 12000 12000 255\n" + std::string(20'000, 'x')).work, 0u);
+/// A PNG file of white one-bit pixels.
+std::string WhiteSheet(std::size_t width, std::size_t height) {
+  const std::string row = '\0' + std::string((width + 7) / 8, '\xFF');
+  std::string rows;
+  for (std::size_t y = 0; y < height; ++y) rows += row;
+  return Png(width, height, 0, rows, 1);
+}
+
+TEST(DecodePicture, ReadsAOneBitSheetOfA0At300DotsPerInch) {
+  const std::string file = WhiteSheet(9933, 14043);
+  support::Account account(support::Allowance::Of(0));
+  const support::AccountScope scope(account);
+  const Picture picture = DecodePicture(file);
+  EXPECT_EQ(picture.width, 9933);
+  EXPECT_EQ(picture.height, 14043);
+  ASSERT_EQ(picture.pixelBytes, 139'489'119u);
+  EXPECT_EQ(picture.pixels.get()[139'489'118], 255);
+}
+
+TEST(DecodePicture, GivesNothingForAPictureThatDoesNotFit) {
+  const std::string file = WhiteSheet(9933, 14043);
+  support::Account account({.held = 100'000'000, .working = 100'000'000, .work = 10'000'000'000});
+  const support::AccountScope scope(account);
+  EXPECT_EQ(DecodePicture(file).pixels, nullptr);
+  EXPECT_EQ(account.Held(), 0u);
+}
+
+TEST(DecodePicture, DoesNotBeginAPictureBeyondTheWorkThatIsLeft) {
+  support::Account account({.held = 1 << 30, .working = 1 << 30, .work = 200'000'000});
+  const support::AccountScope scope(account);
+  EXPECT_THROW(DecodePicture(BrokenPng()), support::WorkUsedUp);
 }
 
 TEST(DecodePicture, GivesNothingForAJpegThatBreaksOff) {
