@@ -6,9 +6,7 @@ namespace fonts {
 
 const std::string& FontLookup::FileOf(const std::string& fontName) {
   if (const auto known = files.find(fontName); known != files.end()) return known->second;
-  if (fontName.size() > support::limits::kFontNameBytes || files.size() >= support::limits::kFontNames) {
-    return noFile;
-  }
+  if (fontName.size() > support::limits::kFontNameBytes) return noFile;
   return files.emplace(fontName, Search(fontName)).first->second;
 }
 
@@ -16,7 +14,7 @@ std::string FontLookup::Search(const std::string& fontName) {
   const std::size_t plus = fontName.find('+');
   if (plus != fontName.npos) return SearchWithPrefix(fontName, plus);
   std::string file = MappedFile(fontName);
-  if (file.empty()) file = Installed().StyleSearch(fontName);
+  if (file.empty()) file = StyledFile(fontName);
   if (file.empty()) file = Installed().BestMatch(fontName);
   return file;
 }
@@ -25,10 +23,16 @@ std::string FontLookup::Search(const std::string& fontName) {
 // out.
 std::string FontLookup::SearchWithPrefix(const std::string& fontName, std::size_t plus) {
   std::string file = MappedFile(std::string_view(fontName).substr(0, plus));
-  if (file.empty()) file = Installed().StyleSearch(fontName.substr(plus + 1));
+  if (file.empty()) file = StyledFile(fontName.substr(plus + 1));
   if (file.empty()) file = MappedFile(std::string_view(fontName).substr(plus));
   if (file.empty()) file = Installed().BestMatch(fontName);
   return file;
+}
+
+const std::string& FontLookup::StyledFile(const std::string& name) {
+  const auto known = styledFiles.find(name);
+  if (known != styledFiles.end()) return known->second;
+  return styledFiles.emplace(name, Installed().StyleSearch(name)).first->second;
 }
 
 std::string FontLookup::MappedFile(std::string_view key) {

@@ -28,6 +28,9 @@ class FontLookup {
  private:
   std::string Search(const std::string& fontName);
   std::string SearchWithPrefix(const std::string& fontName, std::size_t plus);
+  /// The installed font with the style of `name`. Subsets of one font differ in their prefixes alone, which
+  /// are no part of `name`.
+  const std::string& StyledFile(const std::string& name);
   /// What "font.ini" says of `key`.
   std::string MappedFile(std::string_view key);
   const InstalledFonts& Installed();
@@ -37,6 +40,7 @@ class FontLookup {
   std::optional<platform::ProfileFile> profile;        ///< read when the first name is looked up
   std::unique_ptr<InstalledFonts> installed;           ///< made when the first name is not in the profile
   std::unordered_map<std::string, std::string> files;  ///< by font name
+  std::unordered_map<std::string, std::string> styledFiles;  ///< by font name without its prefix
 };
 
 }  // namespace fonts

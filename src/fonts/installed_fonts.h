@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "support/account.h"
+
 using FcConfig = struct _FcConfig;  // NOLINT(bugprone-reserved-identifier): as Fontconfig declares it
 
 namespace fonts {
@@ -16,7 +18,8 @@ struct StyledFont {
 };
 
 /// The fonts that the system offers, by a Fontconfig configuration of its own: the host program's stays as it
-/// is, and nothing of this one outlives the object. Everything throws `std::bad_alloc` where memory is short.
+/// is, and nothing of this one outlives the object. Everything throws `std::bad_alloc` where memory is short
+/// or the account of the read refuses.
 class InstalledFonts {
  public:
   InstalledFonts();
@@ -36,6 +39,7 @@ class InstalledFonts {
     void operator()(FcConfig* config) const;
   };
 
+  support::HeldElsewhere held;                      ///< what Fontconfig takes
   std::unique_ptr<FcConfig, ConfigDeleter> config;  ///< null where Fontconfig could not start
 };
 

@@ -39,13 +39,22 @@ ResolvedFont FontNames::Search(std::string_view name) {
   return font;
 }
 
+/// Subsets of one font have names that share all but the first part.
+const ResolvedFont& FontNames::FindPart(std::string_view part) {
+  std::string name(part);
+  const auto known = parts.find(name);
+  if (known != parts.end()) return known->second;
+  ResolvedFont found = lookup(name);
+  return parts.emplace(std::move(name), std::move(found)).first->second;
+}
+
 void FontNames::AddPart(std::string_view part, ResolvedFont& font) {
-  if (part.size() > support::limits::kFontNameBytes || lookups++ >= support::limits::kFontNames) return;
-  ResolvedFont found = lookup(std::string(part));
+  if (part.size() > support::limits::kFontNameBytes) return;
+  const ResolvedFont& found = FindPart(part);
   if (found.family.empty()) return;
   if (!font.family.empty()) font.family += '+';
   font.family += found.family;
-  font.style = std::move(found.style);
+  font.style = found.style;
 }
 
 }  // namespace pdf

@@ -19,7 +19,7 @@ struct ResolvedFont {
   bool operator==(const ResolvedFont&) const = default;
 };
 
-/// Resolves the font names of one file. Each name is looked up once.
+/// Resolves the font names of one file. Each name, and each part of one, is looked up once.
 class FontNames {
  public:
   /// A name without "+", in; the installed font that has its style, out.
@@ -35,11 +35,12 @@ class FontNames {
 
  private:
   ResolvedFont Search(std::string_view name);
+  const ResolvedFont& FindPart(std::string_view part);
   void AddPart(std::string_view part, ResolvedFont& font);
 
   Lookup lookup;
-  std::size_t lookups = 0;
-  std::unordered_map<std::string, ResolvedFont> resolved;
+  std::unordered_map<std::string, ResolvedFont> resolved;  ///< by name
+  std::unordered_map<std::string, ResolvedFont> parts;     ///< by part of a name
 };
 
 }  // namespace pdf

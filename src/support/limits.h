@@ -137,9 +137,6 @@ constexpr std::int32_t kRationalSplineDegree = 32;
 /// Bytes of a font name. The time that Fontconfig takes to parse one grows with the square of its families.
 constexpr std::size_t kFontNameBytes = 4096;
 
-/// Font names of one file that are looked up. Each costs Fontconfig milliseconds; drawings use a handful.
-constexpr std::size_t kFontNames = 1000;
-
 /// Font faces (a file at a size) that stay open. Beyond it all are closed, and opened again as they are used.
 constexpr std::size_t kOpenFaces = 64;
 

@@ -73,12 +73,29 @@ TEST(FontLookup, FindsNothingForNamesBeyondTheirBound) {
   EXPECT_EQ(lookup.FileOf(longest + "x"), "");
 }
 
-TEST(FontLookup, FindsNothingBeyondTheBoundOfNames) {
+TEST(FontLookup, FindsTheFontOfEachOfManyNames) {
   FontLookup lookup;
-  for (std::size_t i = 0; i < support::limits::kFontNames; ++i)
-    lookup.FileOf("Nameplate+" + std::to_string(i));
-  EXPECT_EQ(lookup.FileOf("Nameplate+0"), FontsDirectory() + "nameplate.ttf");
-  EXPECT_EQ(lookup.FileOf("Nameplate"), "");
+  support::Account account;
+  const support::AccountScope scope(account);
+  for (int i = 0; i < 3000; ++i) {
+    ASSERT_TRUE(
+        lookup.FileOf("P" + std::to_string(i) + "+DejaVu Sans Mono-Book").ends_with("/DejaVuSansMono.ttf"));
+  }
+  EXPECT_EQ(lookup.FileOf("Nameplate"), FontsDirectory() + "nameplate.ttf");
+}
+
+TEST(FontLookup, CountsEachSearchAsWork) {
+  FontLookup lookup = WithoutProfile();
+  support::Account account;
+  const support::AccountScope scope(account);
+  lookup.FileOf("A");
+  const std::uint64_t first = account.Spent();
+  EXPECT_GT(first, 100'000U);
+  lookup.FileOf("B");
+  const std::uint64_t second = account.Spent() - first;
+  EXPECT_GT(second, 100'000U);
+  lookup.FileOf("B");
+  EXPECT_LT(account.Spent(), first + second + 1000);
 }
 
 }  // namespace
