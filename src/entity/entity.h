@@ -47,9 +47,8 @@ using AttributePairs = std::vector<std::pair<std::string, std::string>>;
 
 /// Values of `Attribute::tag`.
 enum AttributeTag : std::int32_t {
-  kGradientAttribute = 1,
-  kStopAttribute = 2,
-  kStyleAttribute = 5,
+  kGradientAttribute = 1,   ///< the entity is filled with a gradient; without pairs
+  kStyleAttribute = 5,      ///< a "style" attribute says more than is read; without pairs
   kParameterAttribute = 7,  ///< the only one that the sink reads: processing parameters
 };
 

@@ -151,38 +151,6 @@ constexpr std::size_t kSvgAttributes = 512;
 /// references end within ten bytes.
 constexpr std::size_t kSvgReferenceSearchPerByte = 64;
 
-/// Records of an SVG file with several top-level elements, which are walked again and again: half a megabyte
-/// of "<a/>" would make billions.
-constexpr std::size_t kSvgRepeatedRecords = (std::size_t{1} << 20) / kWorkDivisor;
-
-/// Bytes of attributes that the elements of an SVG file receive from groups and style sheets: a base, and so
-/// much for each byte of the file. An element of 20 bytes that inherits ten short properties receives some
-/// 700. Beyond it elements have what they write themselves.
-constexpr std::size_t kSvgInheritedBase = (std::size_t{64} << 20) / kWorkDivisor;
-constexpr std::size_t kSvgInheritedPerByte = 64;
-
-/// Bytes of attribute lists that groups of an SVG file store to hand them on, each a merge of the group's own
-/// and those around it. A group beyond it hands on nothing.
-constexpr std::size_t kSvgHandedOnBase = (std::size_t{64} << 20) / kWorkDivisor;
-constexpr std::size_t kSvgHandedOnPerByte = 8;
-
-/// What an SVG file may draw through references: `use`, and geometry that elements inherit. A record counts
-/// 4, each 64 bytes of its attributes and each segment of a path 1, each byte of a text 16; a unit takes some
-/// 150 bytes of results. Small files get little, but 20,000 uses of a symbol of 300 segments stay within
-/// the bound. Beyond it references draw nothing.
-constexpr std::size_t kSvgReferencedBase = (std::size_t{1} << 22) / kWorkDivisor;
-constexpr std::size_t kSvgReferencedPerByte = 32;
-constexpr std::size_t kSvgReferencedMost = (std::size_t{1} << 23) / kWorkDivisor;
-
-/// Records that the shapes of an SVG file look up for their gradients; each 64 bytes of attributes that they
-/// copy from them count as one more: a few seconds' work. Seventy thousand shapes with a gradient of ten
-/// stops stay within it. Beyond it entities travel without their gradients.
-constexpr std::size_t kSvgGradientUnits = (std::size_t{1} << 22) / kWorkDivisor;
-
-/// Pixels that are decoded for one SVG file, those of pictures that turn out broken too. A small file can
-/// hold, or refer to in turn, many pictures of great size.
-constexpr std::size_t kSvgPictureWork = (std::size_t{1} << 29) / kWorkDivisor;
-
 }  // namespace support::limits
 
 #endif

@@ -21,15 +21,10 @@ struct AttributeEntry {
       : data(value.data()), size(static_cast<std::uint32_t>(value.size())), key(attributeKey) {}
 
   std::string_view Value() const { return {data, size}; }
-  /// About what a copy of this entry takes in an entity.
-  std::size_t CopyBytes() const { return kPairBytes + size; }
 
   const char* data;
   std::uint32_t size;
   AttributeKey key;
-
- private:
-  static constexpr std::size_t kPairBytes = 64;
 };
 
 /// Holds the texts and the attribute names of one document. What was stored stays in its place until the

@@ -1,11 +1,10 @@
 #include "svg/document_walker.h"
 
 #include <algorithm>
-#include <limits>
 #include <tinyxml2.h>
 
+#include "support/account.h"
 #include "support/file_bytes.h"
-#include "support/limits.h"
 #include "svg/svg_interface.h"
 #include "svg/xml_bounds.h"
 
@@ -43,6 +42,9 @@ constexpr ElementName kKnownNames[] = {
     {"unknown", "unknown", "unknowntail", ElementType::Unknown, Activity::Off},
 };
 
+/// What the two records of an element cost, which are drawn later.
+constexpr std::uint64_t kRepeatedElementWork = 512;
+
 /// The element's own text, if it stands before any element inside it; comments do not count.
 std::string_view TextOf(const tinyxml2::XMLElement& node) {
   const char* const text = node.GetText();
@@ -52,38 +54,47 @@ std::string_view TextOf(const tinyxml2::XMLElement& node) {
 }  // namespace
 
 SvgDocumentWalker::SvgDocumentWalker(std::string filePath, SVG_Interface& recordOwner)
-    : path(std::move(filePath)),
-      owner(recordOwner),
-      queue(recordOwner.store),
-      recordLimit(std::numeric_limits<std::size_t>::max()) {}
+    : path(std::move(filePath)), owner(recordOwner), queue(recordOwner.store) {}
 
+/// Where the account refuses more, the records so far stand.
 void SvgDocumentWalker::Load() {
+  isComplete = support::RunItem([this] { ReadAndWalk(); });
+  support::RunItem([this] { HandOverRules(); });
+}
+
+void SvgDocumentWalker::ReadAndWalk() {
   owner.file = support::FileBytes::ReadDrawing(path);
-  if (!owner.file || !IsWithinXmlBounds(owner.file->View())) return;
+  if (!owner.file) return;
   const std::string_view bytes = owner.file->View();
+  const std::optional<XmlExtent> extent = MeasureXml(bytes);
+  if (!extent) return;
+  const support::HeldElsewhere tree(extent->TreeBytes() + bytes.size());
   tinyxml2::XMLDocument document(true, tinyxml2::PRESERVE_WHITESPACE);
   document.Parse(bytes.data(), bytes.size());
   if (document.Error()) return;
   loadOk = true;
   source.emplace(bytes, document);
-  resolver.emplace(owner.store, queue, bytes.size());
+  resolver.emplace(owner.store, queue);
+  owner.elements.reserve(2 * extent->elements);
   Walk(document);
-  HandOverRules();
 }
 
 /// Kept: with several top-level elements the walk starts again at each of them and runs to the last one.
 void SvgDocumentWalker::Walk(const tinyxml2::XMLDocument& document) {
   const tinyxml2::XMLElement* start = document.FirstChildElement();
   WalkNodes(start);
-  recordLimit = std::max(owner.elements.size(), support::limits::kSvgRepeatedRecords);
-  while (start != nullptr && owner.elements.size() < recordLimit) {
+  // Nothing is drawn of a document with another root.
+  if (owner.elements.empty() || owner.elements.front()->elementType != ElementType::Svg) return;
+  isRepeating = true;
+  while (start != nullptr) {
     start = start->NextSiblingElement();
     WalkNodes(start);
   }
 }
 
 void SvgDocumentWalker::WalkNodes(const tinyxml2::XMLElement* node) {
-  for (; node != nullptr && owner.elements.size() < recordLimit; node = node->NextSiblingElement()) {
+  for (; node != nullptr; node = node->NextSiblingElement()) {
+    if (isRepeating) support::SpendWork(kRepeatedElementWork);
     const ElementName& name = NameOf(node->Value());
     StartElement(*node, name);
     WalkNodes(node->FirstChildElement());

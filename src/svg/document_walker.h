@@ -43,9 +43,11 @@ class SvgDocumentWalker {
   /// Reads and walks the file. Nothing of the XML tree remains.
   void Load();
 
-  bool loadOk = false;  ///< the file could be read and is well-formed XML
+  bool loadOk = false;      ///< the file could be read and is well-formed XML
+  bool isComplete = false;  ///< all of it was walked
 
  private:
+  void ReadAndWalk();
   void Walk(const tinyxml2::XMLDocument& document);
   void WalkNodes(const tinyxml2::XMLElement* node);
   void StartElement(const tinyxml2::XMLElement& node, const ElementName& name);
@@ -65,7 +67,7 @@ class SvgDocumentWalker {
   const InheritedAttributes* inheritedAttributes = nullptr;
   const InheritedAttributes* textAttributes = nullptr;  ///< of the last outermost `text`
   std::int32_t textDepth = 0;
-  std::size_t recordLimit;
+  bool isRepeating = false;  ///< the elements were all walked before
   const ElementName* lastName = nullptr;
   std::unordered_map<std::string_view, const ElementName*> unknownNames;
 };

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "support/limits.h"
+#include "support/account.h"
 #include "support/text_to_number.h"
 #include "svg/svg_rw.h"
 #include "svg/transform_list.h"
@@ -12,29 +12,26 @@ using Svg::SVG_Element;
 
 namespace {
 
-// What counts how much of what may be drawn through references.
-constexpr std::size_t kUnitsOfRecord = 4;
-constexpr std::size_t kUnitsOfTextByte = 16;
-constexpr std::size_t kCopyBytesOfUnit = 64;
+/// What it takes to look a record up and to pass over it.
+constexpr std::size_t kReferencedRecordWork = 16;
 
 }  // namespace
 
 void SVG_RW::DrawElements(const Svg::RecordList& records, PARSE::Context context) {
   WalkState state;
   for (const SVG_Element* const record : records) {
-    if (record->active) DrawElement(*record, state, context);
+    if (record->active) support::RunItem([&] { DrawElement(*record, state, context); });
   }
 }
 
 void SVG_RW::DrawElement(const SVG_Element& record, WalkState& state, PARSE::Context context) {
-  if (isClone) SpendOnReferences(record.CopyBytes() / kCopyBytesOfUnit);
   switch (record.elementType) {
     case ElementType::Svg:
       SetupPage(record);
       sink->SetPage(&page, context);
       break;
     case ElementType::G:
-      if (!state.inDefs) OpenGroup(record, context);
+      if (!state.inDefs) OpenGroup(record, state, context);
       break;
     case ElementType::Defs: state.inDefs = true; break;
     case ElementType::ClipPath:
@@ -49,10 +46,10 @@ void SVG_RW::DrawElement(const SVG_Element& record, WalkState& state, PARSE::Con
     case ElementType::Polygon:
     case ElementType::Path:
     case ElementType::Image:
-      if (!state.IsHidden()) DrawShape(record, context);
+      if (state.IsDrawn()) DrawShape(record, context);
       break;
     case ElementType::Use:
-      if (!state.IsHidden()) DrawUse(record, context);
+      if (state.IsDrawn()) DrawUse(record, context);
       break;
     case ElementType::Text:
     case ElementType::Tspan:
@@ -63,7 +60,6 @@ void SVG_RW::DrawElement(const SVG_Element& record, WalkState& state, PARSE::Con
 }
 
 void SVG_RW::DrawShape(const SVG_Element& record, PARSE::Context context) {
-  if (isClone && !SpendOnReferences(0)) return;
   groupAttributes->Load(record);
   const bool hasStroke = groupAttributes->Field(Svg::kStroke) != "none";
   const bool isPainted = hasStroke || groupAttributes->Field(Svg::kFill) != "none";
@@ -97,7 +93,7 @@ void SVG_RW::Draw(const SVG_Element& record, Emitter<Entity> emit, Operation<Ent
 void SVG_RW::DrawText(const SVG_Element& record, WalkState& state, PARSE::Context context) {
   const bool isText = record.elementType == ElementType::Text;
   if (isText ? ++state.textDepth > 1 : state.textDepth != 1) return;
-  if (isClone && !SpendOnReferences(kUnitsOfTextByte * record.content().size())) return;
+  if (!state.IsDrawn()) return;
   groupAttributes->Load(record);
   Entity_ZR::ZR_Text text;
   EmitText(record, text);
@@ -117,19 +113,42 @@ void SVG_RW::DrawTail(const SVG_Element& record, WalkState& state, PARSE::Contex
   } else if (record.elementName() == "texttail") {
     if (!state.inDefs) --state.textDepth;
   } else if (record.elementName() == "gtail") {
-    if (!state.inDefs) CloseGroup(context);
+    if (state.inDefs) return;
+    if (state.refusedGroups > 0) {
+      --state.refusedGroups;
+    } else {
+      CloseGroup(context);
+    }
   }
 }
 
-void SVG_RW::OpenGroup(const SVG_Element& record, PARSE::Context context) {
-  sink->BeginGroup(context);
+/// A group that the account refuses has no frame to end.
+void SVG_RW::OpenGroup(const SVG_Element& record, WalkState& state, PARSE::Context context) {
+  ++state.refusedGroups;
+  if (state.refusedGroups > 1) return;
+  OpenRecordGroup(record, context);
+  state.refusedGroups = 0;
+}
+
+void SVG_RW::OpenRecordGroup(const SVG_Element& record, PARSE::Context context) {
   Entity_ZR::ZR_Insert insert;
   groupAttributes->Load(record);
-  insert.matrix = Svg::ParseTransform(groupAttributes->Field(Svg::kTransform));
+  insert.matrix = Svg::ParseTransform(LongField(Svg::kTransform));
   PlaceInDocument(insert.matrix);
   AttachRemaining(insert);
+  OpenFrame(insert, context);
+}
+
+void SVG_RW::OpenFrame(Entity_ZR::ZR_Insert& insert, PARSE::Context context) {
   PushGroupMatrix(insert);
-  sink->AddInsert(&insert, context);
+  try {
+    sink->BeginGroup(context);
+    sink->AddInsert(&insert, context);
+  } catch (...) {
+    PopGroupMatrix();
+    throw;
+  }
+  ++openGroups;
 }
 
 /// The frame gets the whole product from the root to this group.
@@ -139,10 +158,19 @@ void SVG_RW::PushGroupMatrix(Entity_ZR::ZR_Entity& entity) {
   documentMatrixAbsorbed = true;
 }
 
-void SVG_RW::CloseGroup(PARSE::Context context) {
+void SVG_RW::PopGroupMatrix() {
   if (!matrixStack.empty()) matrixStack.pop_back();
   if (matrixStack.empty()) documentMatrixAbsorbed = false;
+}
+
+void SVG_RW::CloseGroup(PARSE::Context context) {
+  PopGroupMatrix();
+  if (openGroups > 0) --openGroups;
   sink->EndGroup(context);
+}
+
+void SVG_RW::CloseGroupsDownTo(std::size_t count, PARSE::Context context) {
+  while (openGroups > count) CloseGroup(context);
 }
 
 /// A `use` draws the records of the element that it refers to, in a group of its own if it places them. Kept:
@@ -153,19 +181,34 @@ void SVG_RW::DrawUse(const SVG_Element& record, PARSE::Context context) {
   const std::string_view href = groupAttributes->Field(Svg::kXlinkHref);
   if (!href.starts_with('#')) return;
   const std::string_view id = href.substr(1);
-  if (!SpendOnReferences(kUnitsOfRecord * document->LookupCost(id))) return;
-  const Svg::RecordList records = document->FindById(id);
+  const Svg::RecordList& records = document->FindById(id);
   if (records.empty()) return;
+  support::SpendWork(kReferencedRecordWork * records.size());
+  const std::size_t groupsBefore = openGroups;
   const bool hasGroup = OpenUseGroup(context);
-  isClone = true;
-  DrawElements(records, context);
-  isClone = false;
+  try {
+    DrawClones(records, context);
+  } catch (...) {
+    CloseGroupsDownTo(groupsBefore, context);
+    throw;
+  }
   if (hasGroup) CloseGroup(context);
+}
+
+void SVG_RW::DrawClones(const Svg::RecordList& records, PARSE::Context context) {
+  isClone = true;
+  try {
+    DrawElements(records, context);
+  } catch (...) {
+    isClone = false;
+    throw;
+  }
+  isClone = false;
 }
 
 /// False where the `use` in hand does not place what it draws.
 bool SVG_RW::OpenUseGroup(PARSE::Context context) {
-  const std::string_view transform = groupAttributes->Field(Svg::kTransform);
+  const std::string_view transform = LongField(Svg::kTransform);
   const std::string_view x = groupAttributes->Field(Svg::kX);
   const std::string_view y = groupAttributes->Field(Svg::kY);
   if (transform.empty() && x.empty() && y.empty()) return false;
@@ -174,13 +217,6 @@ bool SVG_RW::OpenUseGroup(PARSE::Context context) {
   Entity_ZR::ZR_Insert insert;
   insert.matrix = {1.0, 0.0, 0.0, 1.0, support::AtoF(x), support::AtoF(y)};
   Concat(insert.matrix, placement);
-  PushGroupMatrix(insert);
-  sink->BeginGroup(context);
-  sink->AddInsert(&insert, context);
+  OpenFrame(insert, context);
   return true;
-}
-
-bool SVG_RW::SpendOnReferences(std::size_t units) {
-  referencedUnits += units;
-  return referencedUnits <= referencedUnitsLimit;
 }

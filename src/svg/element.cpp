@@ -38,20 +38,25 @@ void SVG_Element::ParseStyleSheet(std::string_view sheet, RuleQueue& queue) cons
   ReadStyleSheet(sheet, queue);
 }
 
-std::size_t SVG_Element::CopyBytes() const {
-  const std::size_t received = inherited == nullptr ? 0 : inherited->copyBytes;
-  return received + Svg::CopyBytes(Written()) + Svg::CopyBytes(RuleProperties());
-}
-
-std::size_t CopyBytes(std::span<const AttributeEntry> entries) {
-  std::size_t total = 0;
-  for (const AttributeEntry& entry : entries) total += entry.CopyBytes();
-  return total;
+bool SVG_Element::IsSameAs(const SVG_Element& other) const {
+  return name == other.name && id == other.id && inherited == other.inherited && written == other.written &&
+         ruled == other.ruled && text == other.text && ownCount == other.ownCount &&
+         styleCount == other.styleCount && ruleCount == other.ruleCount && elementType == other.elementType &&
+         active == other.active;
 }
 
 const AttributeEntry* LastOf(std::span<const AttributeEntry> entries, AttributeKey key) {
   for (std::size_t i = entries.size(); i > 0; --i) {
     if (entries[i - 1].key == key) return &entries[i - 1];
+  }
+  return nullptr;
+}
+
+const AttributeEntry* LastOf(const InheritedAttributes* inherited, AttributeKey key) {
+  for (; inherited != nullptr; inherited = inherited->outer) {
+    for (const auto entries : {inherited->restyled, inherited->ruled, inherited->written}) {
+      if (const AttributeEntry* const found = LastOf(entries, key)) return found;
+    }
   }
   return nullptr;
 }

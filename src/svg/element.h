@@ -47,12 +47,19 @@ enum class ElementType : std::uint8_t {
   Unknown = 26,
 };
 
-/// What an element hands on to the elements inside it, shared by all of them. "transform" and "id" among the
-/// entries are not inherited. Lives in the document's `AttributeStore`.
+/// What an element hands on to the elements inside it, shared by all of them: what it inherits itself, then
+/// its own lists in their order. A later entry of a key replaces an earlier one; "transform" and "id" are not
+/// inherited. Lives in the document's `AttributeStore`.
 struct InheritedAttributes {
-  std::span<const AttributeEntry> entries;          ///< a later entry of a key replaces an earlier one
-  std::span<const AttributeEntry> styleProperties;  ///< those that came out of a "style" attribute
-  std::size_t copyBytes = 0;                        ///< what it would take to copy all of this
+  const InheritedAttributes* outer = nullptr;
+  std::span<const AttributeEntry> written = {};
+  std::span<const AttributeEntry> ruled = {};
+  std::span<const AttributeEntry> restyled = {};  ///< style properties that win over what replaced them
+  std::span<const AttributeEntry> styleProperties = {};  ///< those that came out of the "style" attribute
+  const AttributeEntry* style = nullptr;                 ///< the "style" attribute that they came out of
+  const AttributeEntry* innerStyle = nullptr;            ///< the last property that is called "style" itself
+  const AttributeEntry* className = nullptr;             ///< the last "class" of all lists
+  std::size_t count = 0;                                 ///< of the entries of all lists
 };
 
 /// The character data of an element.
@@ -91,8 +98,8 @@ class SVG_Element {
   std::span<const AttributeEntry> Written() const { return {written, ownCount + styleCount}; }
   std::span<const AttributeEntry> RuleProperties() const { return {ruled, ruleCount}; }
 
-  /// About what it takes to copy the merged attributes.
-  std::size_t CopyBytes() const;
+  /// Whether a list may hold this record in the place of `other`.
+  bool IsSameAs(const SVG_Element& other) const;
 
   /// As the rules and look-ups compare it; a tail's ends in "tail".
   std::string_view elementName() const { return *name; }
@@ -118,11 +125,10 @@ class SVG_Element {
   static constexpr std::string_view kNoName = {};
 };
 
-/// What it takes to copy `entries`.
-std::size_t CopyBytes(std::span<const AttributeEntry> entries);
-
 /// The last value of `key` in `entries`, or null.
 const AttributeEntry* LastOf(std::span<const AttributeEntry> entries, AttributeKey key);
+/// The value of `key` that holds in `inherited`, which may be null.
+const AttributeEntry* LastOf(const InheritedAttributes* inherited, AttributeKey key);
 
 }  // namespace Svg
 

@@ -2,14 +2,17 @@
 
 #include <string>
 
+#include "support/account.h"
 #include "support/base64.h"
-#include "support/limits.h"
 #include "svg/length.h"
 #include "svg/svg_rw.h"
 
 using Entity_ZR::ZR_Image;
 
 namespace {
+
+/// Beside the bytes of the picture, which count where they are taken.
+constexpr std::size_t kDecodedPixelWork = 4;
 
 /// The file in a data URL; empty for any other address, which is not loaded. The media type is not read: the
 /// picture decoder knows its formats by their first bytes.
@@ -68,9 +71,10 @@ void SVG_RW::EmitImage(const Svg::SVG_Element& record, ZR_Image& image) {
 /// A picture that several elements inherit or reuse is decoded once.
 support::Picture SVG_RW::PictureOf(std::string_view href) {
   if (href.data() == decodedHref.data() && href.size() == decodedHref.size()) return decodedPicture;
-  if (pictureWork > support::limits::kSvgPictureWork) return {};
+  decodedHref = {};
+  decodedPicture = {};
   decodedPicture = support::DecodePicture(DecodeDataImage(href));
   decodedHref = href;
-  pictureWork += decodedPicture.work;
+  support::SpendWork(kDecodedPixelWork * decodedPicture.work);
   return decodedPicture;
 }

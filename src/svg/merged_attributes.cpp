@@ -1,10 +1,20 @@
 #include "svg/merged_attributes.h"
 
 #include <algorithm>
+#include <bit>
 
+#include "support/account.h"
 #include "svg/text_pieces.h"
 
 namespace Svg {
+
+namespace {
+
+constexpr std::size_t kEntryWork = 8;
+constexpr std::size_t kLevelWork = 64;
+constexpr std::size_t kComparisonWork = 16;
+
+}  // namespace
 
 void MergedAttributes::Clear() {
   loadedKeys.clear();
@@ -16,13 +26,39 @@ void MergedAttributes::Clear() {
 
 void MergedAttributes::Load(const SVG_Element& record) {
   Clear();
-  if (record.inherited != nullptr) {
-    for (const AttributeEntry& entry : record.inherited->entries) {
-      if (entry.key != kTransform && entry.key != kId) Set(entry);
-    }
+  valueBytes = 0;
+  if (record.inherited != nullptr) LoadInherited(*record.inherited);
+  SetAll(record.Written());
+  SetAll(record.RuleProperties());
+  const std::size_t inheritedCount = record.inherited == nullptr ? 0 : record.inherited->count;
+  support::SpendWork(kEntryWork * (inheritedCount + record.Written().size() + record.ruleCount) + valueBytes);
+}
+
+void MergedAttributes::Load(const InheritedAttributes& inherited) {
+  Clear();
+  valueBytes = 0;
+  LoadInherited(inherited);
+  support::SpendWork(kEntryWork * inherited.count + valueBytes);
+}
+
+/// From the outermost list to the innermost.
+void MergedAttributes::LoadInherited(const InheritedAttributes& inherited) {
+  levels.clear();
+  for (const auto* level = &inherited; level != nullptr; level = level->outer) levels.push_back(level);
+  support::SpendWork(kLevelWork * levels.size());
+  for (auto level = levels.rbegin(); level != levels.rend(); ++level) {
+    for (const auto entries : {(*level)->written, (*level)->ruled, (*level)->restyled}) SetInherited(entries);
   }
-  for (const AttributeEntry& entry : record.Written()) Set(entry);
-  for (const AttributeEntry& entry : record.RuleProperties()) Set(entry);
+}
+
+void MergedAttributes::SetInherited(std::span<const AttributeEntry> entries) {
+  for (const AttributeEntry& entry : entries) {
+    if (entry.key != kTransform && entry.key != kId) Set(entry);
+  }
+}
+
+void MergedAttributes::SetAll(std::span<const AttributeEntry> entries) {
+  for (const AttributeEntry& entry : entries) Set(entry);
 }
 
 void MergedAttributes::Set(const AttributeEntry& entry) {
@@ -30,6 +66,7 @@ void MergedAttributes::Set(const AttributeEntry& entry) {
   Slot& slot = slots[entry.key];
   if (slot.generation != generation) loadedKeys.push_back(entry.key);
   slot = {entry, generation, false};
+  valueBytes += entry.size;
 }
 
 const AttributeEntry* MergedAttributes::Find(AttributeKey key) const {
@@ -47,16 +84,12 @@ void MergedAttributes::Erase(AttributeKey key) {
   if (SlotOf(key) != nullptr) slots[key].isErased = true;
 }
 
-bool MergedAttributes::HasRemaining() const {
-  return std::any_of(loadedKeys.begin(), loadedKeys.end(),
-                     [this](AttributeKey key) { return !slots[key].isErased; });
-}
-
 Entity_ZR::AttributePairs MergedAttributes::Remaining() {
   sorted.clear();
   for (const AttributeKey key : loadedKeys) {
     if (!slots[key].isErased) sorted.push_back(&slots[key].entry);
   }
+  support::SpendWork(kComparisonWork * sorted.size() * std::bit_width(sorted.size()));
   std::sort(sorted.begin(), sorted.end(), [this](const AttributeEntry* a, const AttributeEntry* b) {
     return store.NameOf(a->key) < store.NameOf(b->key);
   });

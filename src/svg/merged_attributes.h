@@ -1,7 +1,9 @@
 #ifndef DRAWLOAD_SVG_MERGED_ATTRIBUTES_H
 #define DRAWLOAD_SVG_MERGED_ATTRIBUTES_H
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +19,8 @@ class MergedAttributes {
   explicit MergedAttributes(const AttributeStore& attributeStore) : store(attributeStore) {}
 
   void Load(const SVG_Element& record);
+  /// The same of what an element hands on.
+  void Load(const InheritedAttributes& inherited);
   /// Forgets what was loaded.
   void Clear();
   /// Adds an entry, or replaces that of the same key.
@@ -29,7 +33,6 @@ class MergedAttributes {
 
   /// Takes `key` out of what remains. `Find` and `Field` still see it.
   void Erase(AttributeKey key);
-  bool HasRemaining() const;
   /// What was not erased, by ascending name.
   Entity_ZR::AttributePairs Remaining();
 
@@ -50,8 +53,14 @@ class MergedAttributes {
     return key < slots.size() && slots[key].generation == generation ? &slots[key] : nullptr;
   }
 
+  void LoadInherited(const InheritedAttributes& inherited);
+  void SetInherited(std::span<const AttributeEntry> entries);
+  void SetAll(std::span<const AttributeEntry> entries);
+
   const AttributeStore& store;
-  std::vector<Slot> slots;  ///< by key; valid where they are of this generation
+  std::vector<const InheritedAttributes*> levels;  ///< room for `LoadInherited`
+  std::size_t valueBytes = 0;                      ///< of what was set since the last `Load`
+  std::vector<Slot> slots;                         ///< by key; valid where they are of this generation
   std::vector<AttributeKey> loadedKeys;
   std::vector<const AttributeEntry*> sorted;  ///< room for `Remaining`
   std::uint32_t generation = 0;

@@ -66,7 +66,7 @@ void Append(const Svg::PathSegment& segment, ZR_Path& outline) {
 
 }  // namespace
 
-/// The room for segments goes from path to path.
+/// The room for segments goes from path to path. Where a path ends early, the next one makes new room.
 void SVG_RW::DrawOutline(const SVG_Element& record, Emitter<ZR_Path> emit, PARSE::Context context) {
   ZR_Path outline;
   pathSegments = outline.segments;
@@ -134,10 +134,7 @@ void SVG_RW::EmitRect(const SVG_Element& record, ZR_Path& outline) {
 
 void SVG_RW::EmitPolyline(const SVG_Element& record, ZR_Path& outline) {
   ApplyStyle(record, outline);
-  const bool isDrawnOnce = IsDrawnOnce(record, Svg::kPoints);
-  std::vector<Svg::Point> points;
-  if (isDrawnOnce || SpendOnReferences(0)) points = Svg::ParsePoints(groupAttributes->Field(Svg::kPoints));
-  if (!isDrawnOnce && !SpendOnReferences(points.size())) points.clear();
+  const std::vector<Svg::Point> points = Svg::ParsePoints(LongField(Svg::kPoints));
   for (const Svg::Point& point : points) {
     if (&point == &points.front()) {
       outline.MoveTo(point.x, point.y);
@@ -152,24 +149,12 @@ void SVG_RW::EmitPolyline(const SVG_Element& record, ZR_Path& outline) {
 
 void SVG_RW::EmitPath(const SVG_Element& record, ZR_Path& outline) {
   ApplyStyle(record, outline);
-  const bool isDrawnOnce = IsDrawnOnce(record, Svg::kD);
   pathData.Clear();
-  if (isDrawnOnce || SpendOnReferences(0)) {
-    Svg::Parse(groupAttributes->Field(Svg::kD), pathData, pathNumbers);
-  }
-  if (isDrawnOnce || SpendOnReferences(pathData.segments.size())) {
-    outline.segments.reserve(outline.segments.size() + pathData.segments.size());
-    for (const Svg::PathSegment& segment : pathData.segments) Append(segment, outline);
-  }
+  Svg::Parse(LongField(Svg::kD), pathData, pathNumbers);
+  outline.segments.reserve(outline.segments.size() + pathData.segments.size());
+  for (const Svg::PathSegment& segment : pathData.segments) Append(segment, outline);
   ReleaseRoom(pathData.segments);
   if (isClone) outline.visible = 1;
   groupAttributes->Erase(Svg::kD);
   AttachRemaining(outline);
-}
-
-bool SVG_RW::IsDrawnOnce(const SVG_Element& record, Svg::KnownKey key) const {
-  if (isClone) return false;
-  const Svg::AttributeEntry* const value = groupAttributes->Find(key);
-  const Svg::AttributeEntry* const written = LastOf(record.Written(), key);
-  return value == nullptr || (written != nullptr && written->data == value->data);
 }

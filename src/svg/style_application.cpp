@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/limits.h"
+#include "support/account.h"
 #include "support/text_to_number.h"
 #include "svg/color_value.h"
 #include "svg/svg_rw.h"
@@ -31,8 +31,8 @@ Entity_ZR::SharedNumbers DashesOf(std::string_view dashArray) {
   return dashes;
 }
 
-/// Bytes of attributes that count as much as a record in the look-up of gradients.
-constexpr std::size_t kCopyBytesOfUnit = 64;
+/// What it takes to parse a byte of a path, of a list of points or of a transform.
+constexpr std::size_t kParseWork = 8;
 
 /// The keys that are read here and travel no further.
 constexpr std::array kAppliedKeys = {Svg::kDisplay,       Svg::kStroke,         Svg::kStrokeOpacity,
@@ -72,6 +72,12 @@ std::string IdOfUrl(std::string_view text) {
 
 double SVG_RW::Number(Svg::KnownKey key) const { return AtoF(groupAttributes->Field(key)); }
 
+std::string_view SVG_RW::LongField(Svg::KnownKey key) const {
+  const std::string_view text = groupAttributes->Field(key);
+  support::SpendWork(kParseWork * text.size());
+  return text;
+}
+
 /// Kept: here, and only here, a class is looked up as one whole text, and among the rules of all sheets,
 /// those behind the element included.
 void SVG_RW::ApplyClassRule(std::string_view className, std::string_view& stroke,
@@ -103,7 +109,7 @@ void SVG_RW::ApplyStyle(const SVG_Element& record, ZR_Entity& entity) {
   } else {
     entity.fillColor = Svg::ParseColor(fill, groupAttributes->Field(Svg::kFillOpacity)).Packed();
   }
-  const std::string_view transform = groupAttributes->Field(Svg::kTransform);
+  const std::string_view transform = LongField(Svg::kTransform);
   entity.lineType = transform;
   entity.matrix = Svg::ParseTransform(transform);
   groupAttributes->Erase(Svg::kTransform);
@@ -125,55 +131,30 @@ void SVG_RW::PlaceInDocument(Matrix2D& matrix) const {
   if (hasDocumentMatrix && !documentMatrixAbsorbed) Concat(matrix, documentMatrix);
 }
 
-/// A gradient is not drawn. What it consists of travels with the entity.
+/// A gradient is not drawn, and no sink reads what it consists of. That there is one still counts as an
+/// attribute of the entity.
 void SVG_RW::ApplyGradient(std::string_view fillText, ZR_Entity& entity) {
-  const std::string id = IdOfUrl(fillText);
   entity.fillColor = kNoColor;
-  if (!SpendOnGradients(document->LookupCost(id))) return;
-  const Svg::RecordList& records = document->FindById(id);
-  if (records.empty() || records.front()->elementType != Svg::ElementType::LinearGradient) return;
+  if (!document->IsLinearGradient(IdOfUrl(fillText))) return;
   entity.fillColor = ZR_Entity().fillColor;
-  for (const SVG_Element* const record : records) AttachGradient(*record, entity);
+  entity.attributes.push_back({Entity_ZR::kGradientAttribute, {}});
 }
 
-bool SVG_RW::SpendOnGradients(std::size_t units) {
-  gradientUnits += units;
-  return gradientUnits <= support::limits::kSvgGradientUnits;
-}
-
-void SVG_RW::AttachGradient(const SVG_Element& record, ZR_Entity& entity) {
-  const bool isGradient = record.elementType == Svg::ElementType::LinearGradient;
-  if (!isGradient && record.elementType != Svg::ElementType::Stop) return;
-  if (!SpendOnGradients(1 + record.CopyBytes() / kCopyBytesOfUnit)) return;
-  Entity_ZR::Attribute& attribute = entity.attributes.emplace_back();
-  if (isGradient) {
-    attribute.tag = Entity_ZR::kGradientAttribute;
-    if (!groupAttributes->HasRemaining()) return;
-    referencedAttributes->Load(record);
-    attribute.pairs = referencedAttributes->Remaining();
-  } else {
-    attribute.tag = Entity_ZR::kStopAttribute;
-    referencedAttributes->Load(record);
-    attribute.pairs = {{"offset", std::string(referencedAttributes->Field(Svg::kOffset))},
-                       {"stop-color", std::string(referencedAttributes->Field(Svg::kStopColor))}};
-  }
-}
-
-/// Kept: what a "style" attribute says beyond the keys above goes to a list that no sink reads, and so a
-/// parameter written there does not arrive.
+/// Kept: what a "style" attribute says beyond the keys above is put aside, where no sink reads it, and so a
+/// parameter written there does not arrive. That there is something counts as an attribute of the entity.
 void SVG_RW::AttachStyle(const SVG_Element& record, ZR_Entity& entity) {
-  styleProperties->Clear();
-  const auto take = [this](const AttributeEntry& entry) {
+  bool hasMore = false;
+  const auto putAside = [this, &hasMore](const AttributeEntry& entry) {
     if (IsApplied(entry.key)) return;
-    styleProperties->Set(entry);
+    hasMore = true;
     groupAttributes->Erase(entry.key);
   };
   if (record.inherited != nullptr) {
-    std::for_each(record.inherited->styleProperties.begin(), record.inherited->styleProperties.end(), take);
+    std::for_each(record.inherited->styleProperties.begin(), record.inherited->styleProperties.end(),
+                  putAside);
   }
-  std::for_each(record.StyleProperties().begin(), record.StyleProperties().end(), take);
-  Entity_ZR::AttributePairs pairs = styleProperties->Remaining();
-  if (!pairs.empty()) entity.attributes.push_back({Entity_ZR::kStyleAttribute, std::move(pairs)});
+  std::for_each(record.StyleProperties().begin(), record.StyleProperties().end(), putAside);
+  if (hasMore) entity.attributes.push_back({Entity_ZR::kStyleAttribute, {}});
 }
 
 /// This is how machine parameters, and with them all that was not read, reach the sink.

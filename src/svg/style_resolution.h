@@ -2,7 +2,11 @@
 #define DRAWLOAD_SVG_STYLE_RESOLUTION_H
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "svg/element.h"
@@ -14,8 +18,8 @@ namespace Svg {
 /// sheets before them say.
 class StyleResolver {
  public:
-  /// `documentBytes` is the length of the file; the bounds on what is handed on grow with it.
-  StyleResolver(AttributeStore& attributeStore, RuleQueue& ruleQueue, std::size_t documentBytes);
+  StyleResolver(AttributeStore& attributeStore, RuleQueue& ruleQueue)
+      : store(attributeStore), queue(ruleQueue), merged(attributeStore) {}
 
   /// Fills `record` with its own attributes and the properties of its "style" attribute.
   void ReadWritten(SVG_Element& record, const tinyxml2::XMLAttribute* first, const XmlSource& source);
@@ -29,18 +33,43 @@ class StyleResolver {
   const InheritedAttributes* HandOnWritten(const SVG_Element& record);
 
  private:
-  void Inherit(SVG_Element& record, const InheritedAttributes* inherited);
-  void ApplyRules(SVG_Element& record, std::string_view elementName);
-  const AttributeEntry* ClassOf(const SVG_Element& record) const;
-  const InheritedAttributes* Flatten(const SVG_Element& record);
+  /// Elements with the same name and the same class have the same rules, as long as no rule changes.
+  struct RuleUser {
+    std::string_view elementName;
+    std::string_view classText;
+    bool hasClass;
+    bool operator==(const RuleUser&) const = default;
+  };
+  struct RuleUserHash {
+    std::size_t operator()(const RuleUser& user) const {
+      const std::hash<std::string_view> hash;
+      return hash(user.elementName) * 31 + hash(user.classText);
+    }
+  };
+  struct RuleProperties {
+    std::span<const AttributeEntry> entries;
+    const AttributeEntry* id;  ///< among them; null where they set none
+  };
+  /// A "style" attribute and its properties.
+  struct TakenApart {
+    const AttributeEntry* style;
+    std::span<const AttributeEntry> properties;
+  };
+
+  RuleProperties ApplyRules(SVG_Element& record, std::string_view elementName);
+  RuleProperties PropertiesFor(const RuleUser& user);
+  TakenApart StyleOf(const SVG_Element& record);
+  TakenApart TakeApart(const AttributeEntry* style);
+  InheritedAttributes LevelOf(const SVG_Element& record);
+  const InheritedAttributes* Flatten(const InheritedAttributes& level);
 
   AttributeStore& store;
   RuleQueue& queue;
   MergedAttributes merged;
-  std::size_t copyBytesLeft;   ///< of what elements receive from others
-  std::size_t storeBytesLeft;  ///< of attributes that are stored a second time to be handed on
   std::vector<AttributeEntry> entries;
   std::vector<const StyleRule*> rules;
+  std::unordered_map<RuleUser, RuleProperties, RuleUserHash> knownProperties;
+  std::uint64_t knownVersion = 0;  ///< of the rules, for `knownProperties`
 };
 
 }  // namespace Svg

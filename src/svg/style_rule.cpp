@@ -42,16 +42,8 @@ StyleRule& RuleOfSelector(std::string_view selector, RuleQueue& queue) {
 
 }  // namespace
 
-void StyleRule::Set(const AttributeEntry& entry) {
-  const auto [place, isAdded] = properties.try_emplace(entry.key, entry);
-  if (!isAdded) {
-    copyBytes -= place->second.CopyBytes();
-    place->second = entry;
-  }
-  copyBytes += entry.CopyBytes();
-}
-
 StyleRule& RuleQueue::RuleFor(std::string_view tag, std::string_view className) {
+  ++version;
   const auto [place, isAdded] =
       bySelector.try_emplace({tag, className}, static_cast<RuleIndex>(rules.size()));
   if (isAdded) {

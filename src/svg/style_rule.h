@@ -1,6 +1,7 @@
 #ifndef DRAWLOAD_SVG_STYLE_RULE_H
 #define DRAWLOAD_SVG_STYLE_RULE_H
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -22,12 +23,8 @@ struct StyleRule {
   std::string_view selectorTag;
   std::string_view selectorClass;
   StyleProperties properties;
-  std::size_t copyBytes = kRuleBytes;  ///< what it takes to give the properties to one element
 
-  void Set(const AttributeEntry& entry);
-
- private:
-  static constexpr std::size_t kRuleBytes = 16;
+  void Set(const AttributeEntry& entry) { properties.insert_or_assign(entry.key, entry); }
 };
 
 /// The rules of all style sheets met so far, in document order.
@@ -37,8 +34,10 @@ class RuleQueue {
 
   bool IsEmpty() const { return rules.empty(); }
   const std::deque<StyleRule>& Rules() const { return rules; }
+  /// Differs whenever a rule may have changed.
+  std::uint64_t Version() const { return version; }
 
-  /// The rule with this selector; appended where there is none.
+  /// The rule with this selector, to be filled; appended where there is none.
   StyleRule& RuleFor(std::string_view tag, std::string_view className);
 
   /// The rules that act on an element called `elementName`, in document order. `classText` is the text of its
@@ -65,6 +64,7 @@ class RuleQueue {
   void CollectSelector(const Selector& selector, std::vector<RuleIndex>& found) const;
 
   std::deque<StyleRule> rules;
+  std::uint64_t version = 0;
   std::unordered_map<Selector, RuleIndex, SelectorHash> bySelector;
   std::unordered_map<std::string_view, std::vector<RuleIndex>> byTag;
 };

@@ -1,6 +1,7 @@
 #include "svg/svg_interface.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <new>
 
@@ -22,6 +23,11 @@ bool IsGradient(const SVG_Element& record) {
 
 bool IsStop(const SVG_Element& record) {
   return record.elementName() == "stop" || record.elementName() == "stoptail";
+}
+
+/// Tells the names of a document apart; others may share a place, which costs them memory only.
+std::size_t RecentPlace(const std::string_view* name) {
+  return reinterpret_cast<std::uintptr_t>(name) / sizeof *name % 256;
 }
 
 /// `records` with the stops of `linked` inserted, each at the index that it has there, or at the end.
@@ -53,12 +59,18 @@ SVG_Interface::SVG_Interface(std::string filePath) : path(std::move(filePath)) {
   SvgDocumentWalker walker(path, *this);
   walker.Load();
   loaded = walker.loadOk;
+  isComplete = walker.isComplete;
 }
 
 SVG_Interface::~SVG_Interface() = default;
 
+/// Records of one name often say the same, as the ends of elements without ids do: these are kept once.
 void SVG_Interface::AddElement(const SVG_Element& record) {
-  elements.push_back(new (elementMemory.RoomFor<SVG_Element>()) SVG_Element(record));
+  const SVG_Element*& recent = recentRecords[RecentPlace(record.name)];
+  if (recent == nullptr || !recent->IsSameAs(record)) {
+    recent = new (elementMemory.RoomFor<SVG_Element>()) SVG_Element(record);
+  }
+  elements.push_back(recent);
 }
 
 void SVG_Interface::AddStyleRule(std::string_view className, const StyleRule& rule) {
@@ -114,7 +126,7 @@ RecordList SVG_Interface::FindRange(std::string_view id) {
 std::string_view SVG_Interface::HrefOf(const SVG_Element& record) const {
   const AttributeEntry* href = LastOf(record.RuleProperties(), kXlinkHref);
   if (href == nullptr) href = LastOf(record.Written(), kXlinkHref);
-  if (href == nullptr && record.inherited != nullptr) href = LastOf(record.inherited->entries, kXlinkHref);
+  if (href == nullptr) href = LastOf(record.inherited, kXlinkHref);
   return href == nullptr ? std::string_view{} : TrimBlanks(href->Value());
 }
 
@@ -125,9 +137,15 @@ std::string_view SVG_Interface::LinkedGradient(std::string_view id) {
   return IsGradient(first) ? ExtractHrefId(HrefOf(first)) : std::string_view{};
 }
 
-std::size_t SVG_Interface::LookupCost(std::string_view id) {
+bool SVG_Interface::IsLinearGradient(std::string_view id) {
+  const IdIndex::Place first = Index().First(id);
+  if (first == IdIndex::kNone || elements[first]->elementType != ElementType::LinearGradient) return false;
+  const auto known = linearGradients.find(first);
+  if (known != linearGradients.end()) return known->second;
   const std::string_view linked = LinkedGradient(id);
-  return RangeSize(id) + (linked.empty() ? 0 : RangeSize(linked));
+  const IdIndex::Place other = linked.empty() ? IdIndex::kNone : Index().First(linked);
+  // Kept: a link may name a stop, which is inserted in front of the gradient.
+  return linearGradients.emplace(first, other == IdIndex::kNone || !IsStop(*elements[other])).first->second;
 }
 
 const RecordList& SVG_Interface::FindById(std::string_view id) {

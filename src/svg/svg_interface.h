@@ -1,6 +1,7 @@
 #ifndef DRAWLOAD_SVG_SVG_INTERFACE_H
 #define DRAWLOAD_SVG_SVG_INTERFACE_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -33,7 +34,7 @@ class SVG_Interface {
   SVG_Interface& operator=(const SVG_Interface&) = delete;
   virtual ~SVG_Interface();
 
-  /// Appends a copy of `record` to `elements`.
+  /// Appends a copy of `record` to `elements`, which other equal ones may share.
   virtual void AddElement(const SVG_Element& record);
   /// Makes `rule` the one of `className`, in place of any other.
   virtual void AddStyleRule(std::string_view className, const StyleRule& rule);
@@ -45,13 +46,14 @@ class SVG_Interface {
   /// The same into `lookupResult`. Where the first record is a gradient that links to another element, each
   /// stop of that element is inserted at the place that it has there.
   const RecordList& FindById(std::string_view id);
-  /// How many records `FindById` would visit. They are counted once for each id.
-  std::size_t LookupCost(std::string_view id);
+  /// Whether the first record of `FindById` is a linear gradient. Costs nothing from the second time on.
+  bool IsLinearGradient(std::string_view id);
 
   /// The properties of the rule of `className`, or null.
   const StyleProperties* ClassProperties(std::string_view className) const;
 
-  bool loaded = false;  ///< the file could be read and is well-formed XML
+  bool loaded = false;     ///< the file could be read and is well-formed XML
+  bool isComplete = true;  ///< it has records for all of the file
   std::string path;
   std::optional<support::FileBytes> file;  ///< its bytes are the values of most attributes
   RecordList lookupResult;
@@ -68,8 +70,10 @@ class SVG_Interface {
   std::string_view HrefOf(const SVG_Element& record) const;
 
   support::Arena elementMemory;  ///< records own nothing: their memory is all that there is to free
-  std::optional<IdIndex> index;  ///< of `elements`, from the first look-up on
+  std::array<const SVG_Element*, 256> recentRecords = {};        ///< the last ones of some names
+  std::optional<IdIndex> index;                                  ///< of `elements`, from the first look-up on
   std::unordered_map<std::string_view, std::size_t> rangeSizes;  ///< of the ids that were looked up
+  std::unordered_map<IdIndex::Place, bool> linearGradients;      ///< by the places of their first records
 };
 
 }  // namespace Svg

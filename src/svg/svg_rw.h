@@ -37,10 +37,12 @@ class SVG_RW : public PARSE::DrawLoader {
   struct WalkState {
     bool inDefs = false;
     bool inClip = false;
+    std::size_t refusedGroups = 0;  ///< open ones that the account refused; nothing inside them has its place
     std::int32_t textDepth = 0;
     Matrix2D textMatrix;
 
     bool IsHidden() const { return inDefs || inClip; }
+    bool IsDrawn() const { return !IsHidden() && refusedGroups == 0; }
   };
   template <typename Entity>
   using Operation = bool (PARSE::DrawLoader::*)(Entity*, PARSE::Context);
@@ -53,9 +55,13 @@ class SVG_RW : public PARSE::DrawLoader {
   void DrawShape(const Svg::SVG_Element& record, PARSE::Context context);
   void DrawText(const Svg::SVG_Element& record, WalkState& state, PARSE::Context context);
   void DrawTail(const Svg::SVG_Element& record, WalkState& state, PARSE::Context context);
-  void OpenGroup(const Svg::SVG_Element& record, PARSE::Context context);
+  void OpenGroup(const Svg::SVG_Element& record, WalkState& state, PARSE::Context context);
+  void OpenRecordGroup(const Svg::SVG_Element& record, PARSE::Context context);
+  void OpenFrame(Entity_ZR::ZR_Insert& insert, PARSE::Context context);
   void CloseGroup(PARSE::Context context);
+  void CloseGroupsDownTo(std::size_t count, PARSE::Context context);
   void DrawUse(const Svg::SVG_Element& record, PARSE::Context context);
+  void DrawClones(const Svg::RecordList& records, PARSE::Context context);
   bool OpenUseGroup(PARSE::Context context);
   void EmitMachineInfo(const Svg::SVG_Element& record, PARSE::Context context);
 
@@ -69,11 +75,11 @@ class SVG_RW : public PARSE::DrawLoader {
   void ApplyClassRule(std::string_view className, std::string_view& stroke, std::string_view& fill) const;
   void ApplyLineStyle(Entity_ZR::ZR_Entity& entity);
   void ApplyGradient(std::string_view fillText, Entity_ZR::ZR_Entity& entity);
-  void AttachGradient(const Svg::SVG_Element& record, Entity_ZR::ZR_Entity& entity);
   void AttachStyle(const Svg::SVG_Element& record, Entity_ZR::ZR_Entity& entity);
   void AttachRemaining(Entity_ZR::ZR_Entity& entity);
   void PlaceInDocument(Matrix2D& matrix) const;
   void PushGroupMatrix(Entity_ZR::ZR_Entity& entity);
+  void PopGroupMatrix();
 
   // One emitter for each kind of element. `groupAttributes` holds the record's attributes.
   void EmitLine(const Svg::SVG_Element& record, Entity_ZR::ZR_Line& line);
@@ -89,13 +95,9 @@ class SVG_RW : public PARSE::DrawLoader {
 
   /// The attribute `key` of the record in hand, as a number without a unit.
   double Number(Svg::KnownKey key) const;
-  /// Whether the value of `key` stands on the element itself and is drawn in its own place: no group, rule or
-  /// `use` repeats it.
-  bool IsDrawnOnce(const Svg::SVG_Element& record, Svg::KnownKey key) const;
-  /// Counts what is drawn through references. False, and nothing more is drawn that way, beyond the bound.
-  bool SpendOnReferences(std::size_t units);
-  /// The same for the look-up of gradients.
-  bool SpendOnGradients(std::size_t units);
+  /// The attribute `key` as it stands, to be parsed at length. What elements inherit or `use` repeats is
+  /// parsed again each time.
+  std::string_view LongField(Svg::KnownKey key) const;
 
   template <typename Entity>
   void Draw(const Svg::SVG_Element& record, Emitter<Entity> emit, Operation<Entity> operation,
@@ -105,19 +107,14 @@ class SVG_RW : public PARSE::DrawLoader {
   std::unique_ptr<Svg::SVG_Interface> document;
   /// The attributes of the record in hand; what is not erased by the end goes to the entity as pairs.
   std::optional<Svg::MergedAttributes> groupAttributes;
-  std::optional<Svg::MergedAttributes> referencedAttributes;  ///< of a record that another one refers to
-  std::optional<Svg::MergedAttributes> styleProperties;       ///< of the record in hand
   std::vector<double> viewBoxNumbers;
   PARSE::PageRect page;  ///< width and height in millimetres
   Matrix2D documentMatrix;
   bool hasDocumentMatrix = false;
   bool documentMatrixAbsorbed = false;  ///< `matrixStack` carries `documentMatrix`
   std::deque<Matrix2D> matrixStack;
-  bool isClone = false;  ///< the records in hand are drawn through a `use`
-  std::size_t referencedUnits = 0;
-  std::size_t referencedUnitsLimit = 0;
-  std::size_t gradientUnits = 0;
-  std::size_t pictureWork = 0;
+  std::size_t openGroups = 0;    ///< frames that the sink was given and that have not ended
+  bool isClone = false;          ///< the records in hand are drawn through a `use`
   std::string_view decodedHref;  ///< of `decodedPicture`
   support::Picture decodedPicture;
   // Room that is used again for each path.

@@ -1,5 +1,6 @@
 // Texts of the document as entities. Nothing is laid out here: each text stands at its own place.
 
+#include "support/account.h"
 #include "support/text_to_number.h"
 #include "svg/length.h"
 #include "svg/svg_rw.h"
@@ -7,6 +8,9 @@
 using Entity_ZR::ZR_Text;
 
 namespace {
+
+/// What it takes to find a glyph, which may be empty.
+constexpr std::size_t kCharacterWork = 64;
 
 constexpr std::string_view kDefaultFont = "Microsoft YaHei";
 
@@ -27,6 +31,7 @@ void SVG_RW::EmitText(const Svg::SVG_Element& record, ZR_Text& text) {
   const double dy = Number(Svg::kDy);
   for (const Svg::KnownKey key : {Svg::kX, Svg::kY, Svg::kDx, Svg::kDy}) groupAttributes->Erase(key);
   text.text = record.content();
+  support::SpendWork(kCharacterWork * text.text.size());
   const std::string_view rotate = groupAttributes->Field(Svg::kRotate);
   if (!rotate.empty()) {
     text.rotation = support::AtoF(rotate);

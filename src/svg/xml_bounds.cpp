@@ -1,8 +1,9 @@
 #include "svg/xml_bounds.h"
 
-#include <cstddef>
+#include <tinyxml2.h>
 
 #include "support/limits.h"
+#include "support/text_to_number.h"
 
 namespace Svg {
 
@@ -10,44 +11,68 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// Goes through the tag that begins at `at` and returns where it ends; nothing where it has too many
-/// attributes. Quoted values count as attributes, whatever stands before them.
-std::size_t EndOfTag(std::string_view text, std::size_t at, bool& hasTooMany) {
-  std::size_t values = 0;
-  while (at < text.size() && text[at] != '>') {
-    const char c = text[at++];
-    if (c != '"' && c != '\'') continue;
-    if (++values > support::limits::kSvgAttributes) hasTooMany = true;
-    at = text.find(c, at);
-    if (at == kNone || hasTooMany) return kNone;
-    ++at;
-  }
-  return at;
-}
+/// Counts the parts of an XML text from its begin to its end.
+class XmlCounter {
+ public:
+  explicit XmlCounter(std::string_view document) : text(document) {}
 
-/// Where the comment, section or declaration that begins at `at` ends.
-std::size_t EndOfMarkup(std::string_view text, std::size_t at) {
-  const auto behind = [text, at](std::string_view mark) {
-    const std::size_t found = text.find(mark, at);
-    return found == kNone ? kNone : found + mark.size();
-  };
-  const std::string_view rest = text.substr(at);
-  if (rest.starts_with("<!--")) return behind("-->");
-  if (rest.starts_with("<![CDATA[")) return behind("]]>");
-  if (rest.starts_with("<?")) return behind("?>");
-  return behind(">");
-}
-
-bool HasBoundedAttributes(std::string_view text) {
-  bool hasTooMany = false;
-  for (std::size_t at = text.find('<'); at != kNone; at = text.find('<', at)) {
-    const bool isElement = at + 1 < text.size() && text[at + 1] != '!' && text[at + 1] != '?';
-    at = isElement ? EndOfTag(text, at + 1, hasTooMany) : EndOfMarkup(text, at);
-    if (hasTooMany) return false;
-    if (at == kNone) return true;
+  /// False where an element has too many attributes.
+  bool Count() {
+    while (at != kNone && PassText()) {
+      const char next = at + 1 < text.size() ? text[at + 1] : '\0';
+      if (next == '!' || next == '?') {
+        ++extent.marks;
+        PassMark();
+      } else {
+        extent.elements += next == '/' ? 0U : 1U;
+        ++at;
+        if (!PassTag()) return false;
+      }
+    }
+    return true;
   }
-  return true;
-}
+
+  XmlExtent extent;
+
+ private:
+  /// Moves to the next "<"; false where there is none. White space alone makes no text.
+  bool PassText() {
+    while (at < text.size() && support::IsSpace(text[at])) ++at;
+    if (at < text.size() && text[at] != '<') ++extent.texts;
+    at = text.find('<', at);
+    return at != kNone;
+  }
+
+  /// Moves behind the tag. Quoted values count as attributes, whatever stands before them.
+  bool PassTag() {
+    std::size_t values = 0;
+    while (at < text.size() && text[at] != '>') {
+      const char c = text[at++];
+      if (c != '"' && c != '\'') continue;
+      ++extent.attributes;
+      if (++values > support::limits::kSvgAttributes) return false;
+      at = text.find(c, at);
+      if (at == kNone) return true;
+      ++at;
+    }
+    if (at < text.size()) ++at;
+    return true;
+  }
+
+  /// Moves behind the comment, section or declaration.
+  void PassMark() {
+    const std::string_view rest = text.substr(at);
+    const std::string_view end = rest.starts_with("<!--")        ? "-->"
+                                 : rest.starts_with("<![CDATA[") ? "]]>"
+                                 : rest.starts_with("<?")        ? "?>"
+                                                                 : ">";
+    at = text.find(end, at);
+    if (at != kNone) at += end.size();
+  }
+
+  std::string_view text;
+  std::size_t at = 0;
+};
 
 bool HasBoundedReferences(std::string_view text) {
   std::size_t passed = 0;
@@ -61,10 +86,27 @@ bool HasBoundedReferences(std::string_view text) {
   return true;
 }
 
+/// What the parser allocates for `count` nodes: it takes them from blocks.
+template <typename Node>
+std::size_t BytesOf(std::size_t count) {
+  constexpr std::size_t kBlockBytes = 4096;
+  constexpr std::size_t kBlockHead = 64;  // of the C library, and two pointers to the block
+  return (count / (kBlockBytes / sizeof(Node)) + 1) * (kBlockBytes + kBlockHead);
+}
+
 }  // namespace
 
-bool IsWithinXmlBounds(std::string_view document) {
-  return HasBoundedAttributes(document) && HasBoundedReferences(document);
+/// A section of character data is a text.
+std::size_t XmlExtent::TreeBytes() const {
+  static_assert(sizeof(tinyxml2::XMLText) >= sizeof(tinyxml2::XMLComment));
+  return BytesOf<tinyxml2::XMLElement>(elements + 1) + BytesOf<tinyxml2::XMLAttribute>(attributes) +
+         BytesOf<tinyxml2::XMLText>(texts + marks) + BytesOf<tinyxml2::XMLComment>(0);
+}
+
+std::optional<XmlExtent> MeasureXml(std::string_view document) {
+  XmlCounter counter(document);
+  if (!counter.Count() || !HasBoundedReferences(document)) return std::nullopt;
+  return counter.extent;
 }
 
 }  // namespace Svg

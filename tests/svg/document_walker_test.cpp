@@ -244,13 +244,46 @@ TEST(DocumentWalker, WalksSeveralTopLevelElementsFromEachOfThem) {
                           "recttail", "rect", "recttail"));
 }
 
-TEST(DocumentWalker, EndsRepeatedWalksAtABound) {
+TEST(DocumentWalker, RepeatsNothingOfADocumentThatIsNotDrawn) {
+  EXPECT_EQ(NamesOf("<g/><svg/><rect/>").size(), 6U);
+}
+
+TEST(DocumentWalker, EndsRepeatedWalksWhereTheAccountRefusesMore) {
   std::string text;
-  for (int i = 0; i < 3000; ++i) text += "<a/>";
-  const std::size_t bound = support::limits::kSvgRepeatedRecords;
-  EXPECT_EQ(LoadedSvg(text).document->elements.size(), bound);
-  // 3000 · 3001 / 2 starts would be far more.
-  EXPECT_LT(bound, 3000U * 3001U);
+  for (int i = 0; i < 20000; ++i) text += "<svg/>";
+  support::Account account;
+  const support::AccountScope scope(account);
+  const LoadedSvg svg(text);
+  EXPECT_TRUE(svg.document->loaded);
+  EXPECT_FALSE(svg.document->isComplete);
+  EXPECT_GT(svg.document->elements.size(), 2U * 20000);
+  // 20,000 · 20,001 / 2 starts would be far more.
+  EXPECT_LT(svg.document->elements.size(), 20000U * 1000);
+  EXPECT_EQ(account.Cuts(), 1U);
+}
+
+TEST(DocumentWalker, KeepsEqualRecordsOnce) {
+  std::string text = "<svg>";
+  for (int i = 0; i < 1000; ++i) text += "<a/><b c=''/><b id='d'/>";
+  const LoadedSvg svg(text + "</svg>");
+  const auto& elements = svg.document->elements;
+  EXPECT_EQ(elements.size(), 2U + 6 * 1000);
+  // The root's two; one for all starts and one for all ends of "a", one for all ends of "b" between others.
+  EXPECT_EQ(elements[1], elements[7]);
+  EXPECT_EQ(elements[2], elements[8]);
+  EXPECT_NE(elements[3], elements[9]);
+  EXPECT_EQ(elements[4]->id, "");
+  EXPECT_EQ(elements[6]->id, "d");
+}
+
+TEST(DocumentWalker, ReadsNothingWhereTheTreeWouldBeTooLarge) {
+  std::string text = "<svg>";
+  for (int i = 0; i < 1000; ++i) text += "<a/>";
+  text += "</svg>";
+  // Elements take more than a hundred bytes each.
+  const AccountWithMemory read(text, 100'000);
+  EXPECT_FALSE(LoadedSvg(text).document->loaded);
+  EXPECT_EQ(read.account.Cuts(), 1U);
 }
 
 TEST(SvgInterface, CopiesTheRecordsThatItIsGiven) {

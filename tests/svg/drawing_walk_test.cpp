@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <limits>
 
 #include "svg_drawing.h"
 
@@ -332,44 +333,106 @@ TEST(Use, SetsThePageAgainForACopiedRoot) {
 
 namespace {
 
-/// How many circles are drawn through 3,000 references to a group of 3,000: nine million, were there no
-/// bound.
-std::size_t CirclesOfReferences(std::string text) {
-  text += "<svg><g id='a'>";
-  for (int i = 0; i < 3000; ++i) text += "<circle/>";
-  text += "</g>";
-  for (int i = 0; i < 3000; ++i) text += "<use xlink:href='#a'/>";
-  text += "</svg>";
+/// Counts groups and circles. Can refuse a group as the account does.
+struct GroupSink : PARSE::DrawLoader {
+  bool AddCircle(Entity_ZR::ZR_Circle*, PARSE::Context) override {
+    ++circles;
+    return false;
+  }
+  bool AddInsert(Entity_ZR::ZR_Insert*, PARSE::Context) override {
+    if (begun + refused == refusedGroup && refused++ == 0) throw support::MemoryUsedUp();
+    ++begun;
+    return true;
+  }
+  void EndGroup(PARSE::Context) override { ++ended; }
+
+  std::size_t refusedGroup = std::numeric_limits<std::size_t>::max();
+  std::size_t circles = 0;
+  std::size_t begun = 0;
+  std::size_t ended = 0;
+  std::size_t refused = 0;
+};
+
+void Draw(const std::string& text, GroupSink& sink) {
   const TemporarySvg file(text);
-  struct CountingSink : PARSE::DrawLoader {
-    bool AddCircle(Entity_ZR::ZR_Circle*, PARSE::Context) override {
-      ++circles;
-      return false;
-    }
-    std::size_t circles = 0;
-  } sink;
   SVG_RW reader;
   reader.sink = &sink;
   EXPECT_TRUE(reader.Read(file.path, 0));
-  EXPECT_GT(sink.circles, 3000U);
-  return sink.circles - 3000;
 }
 
 }  // namespace
 
-TEST(Use, StopsAtTheBoundOnReferences) {
-  // 3,000 times "<circle/>" and "<use xlink:href='#a'/>", and what stands around them. Each circle is two
-  // records of 4 units; the last copy that fits ends at most one copy before the bound.
-  const std::size_t fileBytes = 3000U * (9 + 22) + 26;
-  const std::size_t bound =
-      support::limits::kSvgReferencedBase + support::limits::kSvgReferencedPerByte * fileBytes;
-  const std::size_t circles = CirclesOfReferences("");
-  EXPECT_LE(circles, bound / 8);
-  EXPECT_GT(circles, bound / 8 - 2 * 3000);
+TEST(Use, DrawsAllOfManyReferencesToALargeGroup) {
+  GroupSink sink;
+  support::Account account;
+  const support::AccountScope scope(account);
+  Draw("<svg><g id='a'>" + Repeated("<circle/>", 1500) + "</g>" + Repeated("<use xlink:href='#a'/>", 1500) +
+           "</svg>",
+       sink);
+  EXPECT_EQ(sink.circles, 1501U * 1500);
+  EXPECT_EQ(account.Cuts(), 0U);
 }
 
-TEST(Use, StopsAtTheBoundOnReferencesOfAnyFile) {
-  const std::size_t circles = CirclesOfReferences("<!--" + std::string(500000, ' ') + "-->");
-  EXPECT_LE(circles, support::limits::kSvgReferencedMost / 8);
-  EXPECT_GT(circles, support::limits::kSvgReferencedMost / 8 - 2 * 3000);
+TEST(Use, ThatAsksForTooMuchLeavesWhatFollowsWhole) {
+  const std::string circle = "<circle transform='" + Repeated("scale(1)", 20) + "'/>";
+  const std::string circles = "<svg><g id='a'><g>" + Repeated(circle, 5000) + "</g></g>";
+  const std::string use = "<use x='1' xlink:href='#a'/>";
+  const std::string text = circles + use + use + "<g><circle/></g></svg>";
+  GroupSink once;
+  std::uint64_t work = 0;
+  {
+    support::Account account;
+    const support::AccountScope scope(account);
+    Draw(circles + "</svg>", once);
+    work = account.Spent();
+  }
+  GroupSink sink;
+  std::uint64_t cuts = 0;
+  {
+    const AccountWithWork read(text, work + work / 3);
+    Draw(text, sink);
+    cuts = read.account.Cuts();
+  }
+  EXPECT_EQ(cuts, 2U);
+  EXPECT_GT(sink.circles, 5000U + 1);
+  EXPECT_LT(sink.circles, 3U * 5000);
+  // The groups of the references that were cut end with them.
+  EXPECT_EQ(sink.begun, 2U + 2 * 3 + 1);
+  EXPECT_EQ(sink.ended, sink.begun);
+}
+
+TEST(Group, ThatIsRefusedDrawsNothingAndHasNoEnd) {
+  for (std::size_t refused = 0; refused < 3; ++refused) {
+    GroupSink sink;
+    sink.refusedGroup = refused;
+    Draw("<svg><g><circle/><g><circle/><g><circle/></g></g></g><circle/></svg>", sink);
+    EXPECT_EQ(sink.circles, refused + 1);
+    EXPECT_EQ(sink.begun, refused);
+    EXPECT_EQ(sink.ended, refused);
+  }
+}
+
+TEST(Group, ThatIsRefusedLeavesThoseThatFollow) {
+  GroupSink sink;
+  sink.refusedGroup = 0;
+  Draw("<svg><g><text>A<tspan>B</tspan></text><g/></g><g><circle/></g></svg>", sink);
+  EXPECT_EQ(sink.circles, 1U);
+  EXPECT_EQ(sink.begun, 1U);
+  EXPECT_EQ(sink.ended, 1U);
+}
+
+TEST(Group, EndsWhereTheRecordOfItsEndIsMissing) {
+  std::string text = "<svg><g><g>";
+  for (int i = 0; i < 20000; ++i) text += "<circle id='" + std::to_string(i) + "'/>";
+  text += "</g></g></svg>";
+  // The XML tree takes some 200 bytes for each circle, the list of records 16, the records 160.
+  GroupSink sink;
+  {
+    const AccountWithMemory read(text, 20000 * 300);
+    Draw(text, sink);
+  }
+  EXPECT_GT(sink.circles, 0U);
+  EXPECT_LT(sink.circles, 20000U);
+  EXPECT_EQ(sink.begun, 2U);
+  EXPECT_EQ(sink.ended, 2U);
 }

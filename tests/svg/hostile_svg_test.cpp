@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <tinyxml2.h>
 
 #include "support/limits.h"
 #include "svg/xml_bounds.h"
@@ -13,138 +14,185 @@ namespace {
 struct GreedySink : PARSE::DrawLoader {
   bool AddPath(ZR_Path* outline, PARSE::Context) override {
     ++paths;
+    red += outline->color == 0xFF0000FF ? 1U : 0U;
+    withAttributes += outline->attributes.empty() ? 0U : 1U;
     segments += outline->segments.size();
-    for (const Entity_ZR::Attribute& attribute : outline->attributes) {
-      pairs += attribute.pairs.size();
-      stops += attribute.tag == Entity_ZR::kStopAttribute ? 1U : 0U;
-    }
+    for (const Entity_ZR::Attribute& attribute : outline->attributes) pairs += attribute.pairs.size();
+    return true;
+  }
+  bool AddLine(Entity_ZR::ZR_Line*, PARSE::Context) override {
+    ++lines;
     return true;
   }
   std::size_t paths = 0;
+  std::size_t red = 0;  ///< of the paths
+  std::size_t withAttributes = 0;
   std::size_t segments = 0;
   std::size_t pairs = 0;
-  std::size_t stops = 0;
+  std::size_t lines = 0;
 };
 
-std::string Repeated(std::string_view text, std::size_t count) {
-  std::string result;
-  result.reserve(text.size() * count);
-  for (std::size_t i = 0; i < count; ++i) result += text;
-  return result;
+/// The style of a group, with more properties than are read.
+std::string LongStyle(int properties) {
+  std::string style = "stroke:red";
+  for (int i = 0; i < properties; ++i) style += ";property-" + std::to_string(i) + ":value";
+  return style;
 }
 
-/// Bytes of attributes that the elements of a document of this length may receive from others.
-std::size_t BytesToReceive(const std::string& text) {
-  return support::limits::kSvgInheritedBase + support::limits::kSvgInheritedPerByte * text.size();
-}
+/// A drawing under the account of a read of its own.
+struct Drawing {
+  /// `most` is what the read may do beyond what its file allows, less than usual.
+  explicit Drawing(const std::string& text, std::uint64_t most = support::limits::kWorkBase) {
+    const TemporarySvg file(text);
+    support::Account account;
+    account.AllowForFile(text.size());
+    account.Spend(support::limits::kWorkBase - most);
+    {
+      const support::AccountScope scope(account);
+      SVG_RW reader;
+      reader.sink = &sink;
+      EXPECT_TRUE(reader.Read(file.path, 0));
+    }
+    cuts = account.Cuts();
+    work = account.Spent() - (support::limits::kWorkBase - most);
+  }
 
-std::unique_ptr<GreedySink> Draw(const std::string& text) {
-  const TemporarySvg file(text);
-  auto sink = std::make_unique<GreedySink>();
-  SVG_RW reader;
-  reader.sink = sink.get();
-  EXPECT_TRUE(reader.Read(file.path, 0));
-  return sink;
-}
+  GreedySink sink;
+  std::uint64_t cuts = 0;
+  std::uint64_t work = 0;
+};
 
 }  // namespace
 
-TEST(XmlBounds, LetOrdinaryDocumentsPass) {
-  EXPECT_TRUE(Svg::IsWithinXmlBounds(""));
-  EXPECT_TRUE(
-      Svg::IsWithinXmlBounds("<svg a='1' b=\"2\"><!-- ' --><![CDATA[']]><?x '?><g>' &#65; &amp;</g></svg>"));
-  EXPECT_TRUE(Svg::IsWithinXmlBounds(Repeated("<rect a='1' b='2' c='&#65;'/>", 10000)));
+TEST(MeasureXml, CountsWhatTheParserMakes) {
+  const auto extent =
+      Svg::MeasureXml("<?x?><!-- <a/> --><svg a='>' b=\"<\"> A <g>\n</g><![CDATA[<]]>B</svg>\n");
+  ASSERT_TRUE(extent.has_value());
+  EXPECT_EQ(extent->elements, 2U);
+  EXPECT_EQ(extent->attributes, 2U);
+  EXPECT_EQ(extent->texts, 2U);
+  EXPECT_EQ(extent->marks, 3U);
 }
 
-TEST(XmlBounds, LimitTheAttributesOfAnElement) {
+TEST(MeasureXml, EstimatesNoLessThanTheTree) {
+  const auto bytesOf = [](std::string_view text) { return Svg::MeasureXml(text)->TreeBytes(); };
+  EXPECT_GE(bytesOf(Repeated("<a/>", 10000)), 10000 * sizeof(tinyxml2::XMLElement));
+  EXPECT_GE(bytesOf("<a>" + Repeated("x<!>", 10000) + "</a>"),
+            10000 * (sizeof(tinyxml2::XMLText) + sizeof(tinyxml2::XMLUnknown)));
+  EXPECT_GE(bytesOf(Repeated("<a b=''/>", 10000)),
+            10000 * (sizeof(tinyxml2::XMLElement) + sizeof(tinyxml2::XMLAttribute)));
+  EXPECT_LE(bytesOf(Repeated("<a/>\n", 10000)), 10000 * 128U + 50000);
+}
+
+TEST(MeasureXml, LetsOrdinaryDocumentsPass) {
+  EXPECT_TRUE(Svg::MeasureXml(""));
+  EXPECT_TRUE(Svg::MeasureXml("<svg a='1' b=\"2\"><!-- ' --><![CDATA[']]><?x '?><g>' &#65; &amp;</g></svg>"));
+  EXPECT_TRUE(Svg::MeasureXml(Repeated("<rect a='1' b='2' c='&#65;'/>", 10000)));
+}
+
+TEST(MeasureXml, EndsWithTextsThatBreakOff) {
+  for (const char* const text :
+       {"<", "</", "<!", "<?", "<a", "<a b", "<a b='", "<!--", "<![CDATA[", "a", " "}) {
+    EXPECT_TRUE(Svg::MeasureXml(text)) << text;
+  }
+}
+
+TEST(MeasureXml, LimitsTheAttributesOfAnElement) {
   const auto element = [](std::size_t count) {
     std::string text = "<svg";
     for (std::size_t i = 0; i < count; ++i) text += " a" + std::to_string(i) + "='>'";
     return text + "/>";
   };
-  EXPECT_TRUE(Svg::IsWithinXmlBounds(element(support::limits::kSvgAttributes)));
-  EXPECT_FALSE(Svg::IsWithinXmlBounds(element(support::limits::kSvgAttributes + 1)));
+  EXPECT_TRUE(Svg::MeasureXml(element(support::limits::kSvgAttributes)));
+  EXPECT_FALSE(Svg::MeasureXml(element(support::limits::kSvgAttributes + 1)));
   EXPECT_FALSE(LoadedSvg(element(100000)).document->loaded);
 }
 
-TEST(XmlBounds, LimitTheSearchForTheEndsOfReferences) {
-  EXPECT_FALSE(Svg::IsWithinXmlBounds("<svg a='" + Repeated("&#", 100000) + "'/>"));
-  EXPECT_FALSE(Svg::IsWithinXmlBounds("<svg a='" + Repeated("&#", 100000) + ";'/>"));
+TEST(MeasureXml, LimitsTheSearchForTheEndsOfReferences) {
+  EXPECT_FALSE(Svg::MeasureXml("<svg a='" + Repeated("&#", 100000) + "'/>"));
+  EXPECT_FALSE(Svg::MeasureXml("<svg a='" + Repeated("&#", 100000) + ";'/>"));
 }
 
-TEST(HostileSvg, SharesWhatAGroupHandsOn) {
-  // 400 attributes for each of 20,000 elements: what goes over the bound comes without them.
+TEST(LargeSvg, HandsTheStyleOfAGroupToAllOfManyElements) {
+  const std::string text = "<svg><g style='" + LongStyle(50) + "'>" + Repeated("<path/>", 30000) +
+                           Repeated("<line/>", 25000) + "</g></svg>";
+  const Drawing drawing(text);
+  EXPECT_EQ(drawing.sink.red, 30000U);
+  EXPECT_EQ(drawing.sink.lines, 25000U);
+  EXPECT_EQ(drawing.cuts, 0U);
+}
+
+TEST(LargeSvg, HandsManyAttributesToAllOfManyElements) {
   std::string text = "<svg><g";
   for (int i = 0; i < 400; ++i) text += " a" + std::to_string(i) + "='" + std::string(200, 'x') + "'";
-  text += ">" + Repeated("<path/>", 20000) + "</g></svg>";
-  const auto sink = Draw(text);
-  EXPECT_EQ(sink->paths, 20000U);
-  EXPECT_GT(sink->pairs, 400U * 100);
-  EXPECT_LE(sink->pairs * 264, BytesToReceive(text));
+  const Drawing drawing(text + ">" + Repeated("<path/>", 5000) + "</g></svg>");
+  EXPECT_EQ(drawing.sink.pairs, 400U * 5000);
 }
 
-TEST(HostileSvg, BoundsWhatNeighbouringDefsAddUp) {
-  // Each of the neighbours stores the attributes of all before it once more, 16 bytes each: those of 5,000
-  // would be 16 · (1 + 2 + ... + 5,000) bytes, some 200 MB.
+TEST(LargeSvg, DrawsTiledClonesWhole) {
+  const std::string path = "<path style='" + LongStyle(50) + "' d='M0 0h1v1h1v1h1'/>";
+  const Drawing drawing("<svg><g id='t'>" + Repeated(path, 1000) + "</g>" +
+                        Repeated("<use xlink:href='#t' x='1'/>", 100) + "</svg>");
+  EXPECT_EQ(drawing.sink.red, 101U * 1000);
+  EXPECT_EQ(drawing.sink.segments, 101U * 1000 * 6);
+  EXPECT_EQ(drawing.cuts, 0U);
+}
+
+TEST(LargeSvg, FillsAllOfManyShapesWithOneGradient) {
+  const Drawing drawing("<svg><linearGradient id='g'>" + Repeated("<stop/>", 5000) + "</linearGradient>" +
+                        Repeated("<path fill='url(#g)'/>", 2500) + "</svg>");
+  EXPECT_EQ(drawing.sink.withAttributes, 2500U);
+  EXPECT_EQ(drawing.cuts, 0U);
+}
+
+TEST(LargeSvg, LooksAtTheStyleOfAGradientOnce) {
+  const auto workOf = [](const std::string& style) {
+    return Drawing("<svg><linearGradient id='g' style='" + style + "'/>" +
+                   Repeated("<path fill='url(#g)'/>", 2000) + "</svg>")
+        .work;
+  };
+  // Each property is read, stored and found by its name, but not for each of the paths.
+  EXPECT_LT(workOf(LongStyle(20000)), workOf("") + 20000 * 2000U);
+}
+
+TEST(LargeSvg, StoresWhatNeighbouringDefsAddUpOnce) {
+  // Each of the neighbours hands on the attributes of all before it: 5,000 lists of up to 5,000 attributes.
   std::string text = "<svg><g>";
   for (int i = 0; i < 5000; ++i) text += "<defs a" + std::to_string(i) + "=''/>";
-  text += "<path/></g></svg>";
-  const auto sink = Draw(text);
-  EXPECT_EQ(sink->paths, 1U);
-  EXPECT_LE(8 * sink->pairs * (sink->pairs + 1),
-            support::limits::kSvgHandedOnBase + support::limits::kSvgHandedOnPerByte * text.size());
+  const Drawing drawing(text + "<path/></g></svg>");
+  EXPECT_EQ(drawing.sink.pairs, 5000U);
+  EXPECT_LT(drawing.work, 5000U * 5000 * sizeof(Svg::AttributeEntry) / 10);
 }
 
-TEST(HostileSvg, HandsOnNothingWhereGroupsBeforeHandedOnTooMuch) {
-  // Each of the neighbours hands on the attributes of all before it, 16 bytes each, until these lists reach
-  // the bound, some 130 MB; then they start over, with what little is left.
-  std::string text = "<svg><!--" + std::string(8U << 20, ' ') + "--><g>";
-  for (int i = 0; i < 4200; ++i) text += "<defs a" + std::to_string(i) + "=''/>";
-  const auto sink = Draw(text + "<path/></g></svg>");
-  EXPECT_EQ(sink->paths, 1U);
-  EXPECT_LT(sink->pairs, 200U);
+TEST(LargeSvg, GivesThePropertiesOfARuleToManyElementsAtNoCost) {
+  const std::string sheet = "<style>.a{" + Repeated("a:b;", 1000) + LongStyle(2000) + "}</style>";
+  const LoadedSvg svg("<svg>" + sheet + Repeated("<path class='a'/>", 100) + "</svg>");
+  const Svg::SVG_Element* first = nullptr;
+  for (const Svg::SVG_Element* const record : svg.document->elements) {
+    if (record->elementType != Svg::ElementType::Path) continue;
+    if (first == nullptr) first = record;
+    EXPECT_EQ(record->RuleProperties().data(), first->RuleProperties().data());
+    EXPECT_EQ(record->RuleProperties().size(), 2002U);
+  }
 }
 
-TEST(HostileSvg, BoundsGeometryThatElementsInherit) {
-  const std::string text =
-      "<svg><g d='M0 0" + Repeated("h1", 50000) + "'>" + Repeated("<path/>", 3000) + "</g></svg>";
-  const auto sink = Draw(text);
-  EXPECT_EQ(sink->paths, 3000U);
-  EXPECT_LE(sink->segments, support::limits::kSvgReferencedBase + 50000 +
-                                support::limits::kSvgReferencedPerByte * text.size() + 2 * 3000);
-  EXPECT_GT(sink->segments, 10U * 50000U);
+TEST(HostileSvg, EndsGeometryThatElementsInherit) {
+  // 20,000 paths of 5,000 segments, 10,000 bytes each.
+  const Drawing drawing(
+      "<svg><g d='M0 0" + Repeated("h1", 5000) + "'>" + Repeated("<path/>", 20000) + "</g></svg>", 0);
+  EXPECT_GT(drawing.cuts, 0U);
+  EXPECT_GT(drawing.sink.segments, 100U * 5000);
+  EXPECT_LT(drawing.sink.segments, 20000U * 5000);
 }
 
-TEST(HostileSvg, BoundsPropertiesThatRulesGiveToManyElements) {
+TEST(HostileSvg, EndsPropertiesThatRulesGiveToManyElements) {
   std::string sheet = ".a{";
-  for (int i = 0; i < 20000; ++i) sheet += "a" + std::to_string(i) + ":b;";
-  const std::string text =
-      "<svg><style>" + sheet + "}</style>" + Repeated("<path class='a'/>", 5000) + "</svg>";
-  const auto sink = Draw(text);
-  EXPECT_EQ(sink->paths, 5000U);
-  // Each path has its class, and those that come first have the 20,000 properties too, 65 bytes each.
-  EXPECT_GT(sink->pairs, 20000U);
-  EXPECT_LE((sink->pairs - 5000) * 65, BytesToReceive(text));
-}
-
-TEST(HostileSvg, BoundsRulesThatActOnManyElements) {
-  std::string sheet;
-  for (int i = 0; i < 4000; ++i) sheet += "path.a" + std::to_string(i) + "{x:y}";
-  const std::string text = "<svg><style>" + sheet + "</style>" + Repeated("<path/>", 4000) + "</svg>";
-  const auto sink = Draw(text);
-  EXPECT_EQ(sink->paths, 4000U);
-  // All rules give the same property, each anew, 65 bytes; the paths that come first have it.
-  EXPECT_GT(sink->pairs, 0U);
-  EXPECT_LE(sink->pairs * 4000 * 65, BytesToReceive(text));
-}
-
-TEST(HostileSvg, BoundsGradientsOfManyStops) {
-  const std::string text = "<svg><linearGradient id='g'>" + Repeated("<stop/>", 5000) + "</linearGradient>" +
-                           Repeated("<path fill='url(#g)'/>", 2500) + "</svg>";
-  const auto sink = Draw(text);
-  EXPECT_EQ(sink->paths, 2500U);
-  EXPECT_GT(sink->stops, 5000U);
-  EXPECT_LE(sink->stops, support::limits::kSvgGradientUnits);
+  for (int i = 0; i < 2000; ++i) sheet += "a" + std::to_string(i) + ":b;";
+  const Drawing drawing("<svg><style>" + sheet + "}</style>" + Repeated("<path class='a'/>", 5000) + "</svg>",
+                        0);
+  EXPECT_GT(drawing.cuts, 0U);
+  EXPECT_GT(drawing.sink.pairs, 2000U * 100);
+  EXPECT_LT(drawing.sink.pairs, 2000U * 5000);
 }
 
 TEST(HostileSvg, ClosesTheGroupsThatReferencesOpen) {
@@ -158,22 +206,22 @@ TEST(HostileSvg, ClosesTheGroupsThatReferencesOpen) {
 
 TEST(HostileSvg, DrawsWhatStandsBehindABrokenStyleSheet) {
   for (const char* const sheet : {"{fill:red}", ".a{}", "{", "}", "{}", "{{", ".a{{", ".{x:y}"}) {
-    EXPECT_EQ(Draw("<svg><style>" + std::string(sheet) + "</style><path/></svg>")->paths, 1U) << sheet;
+    EXPECT_EQ(Drawing("<svg><style>" + std::string(sheet) + "</style><path/></svg>").sink.paths, 1U) << sheet;
   }
 }
 
 TEST(HostileSvg, ReadsALongPath) {
-  EXPECT_EQ(Draw("<svg><path d='M0 0" + Repeated("h1", 1000000) + "'/></svg>")->segments, 1000001U);
+  EXPECT_EQ(Drawing("<svg><path d='M0 0" + Repeated("h1", 1000000) + "'/></svg>").sink.segments, 1000001U);
 }
 
 TEST(HostileSvg, ReadsManyNumbersOfOneCommand) {
-  EXPECT_EQ(Draw("<svg><path d='M" + Repeated("1 ", 1000000) + "'/></svg>")->segments, 500000U);
+  EXPECT_EQ(Drawing("<svg><path d='M" + Repeated("1 ", 1000000) + "'/></svg>").sink.segments, 500000U);
 }
 
 TEST(HostileSvg, ReadsManyNestedTransforms) {
   const std::string text =
       "<svg><path transform='" + Repeated("scale(9e9)", 100000) + "' d='M0 0L1 1'/></svg>";
-  EXPECT_EQ(Draw(text)->paths, 1U);
+  EXPECT_EQ(Drawing(text).sink.paths, 1U);
 }
 
 TEST(HostileSvg, ReadsOddNumbersEverywhere) {

@@ -11,7 +11,7 @@
 #include <unistd.h>
 
 #include "recording/recording_sink.h"
-#include "support/limits.h"
+#include "support/account.h"
 #include "svg/merged_attributes.h"
 #include "svg/svg_interface.h"
 #include "svg/svg_rw.h"
@@ -35,6 +35,40 @@ class TemporarySvg {
     return testing::TempDir() + "drawload_" + std::to_string(getpid()) + "_" + std::to_string(count++) +
            ".svg";
   }
+};
+
+inline std::string Repeated(std::string_view text, std::size_t count) {
+  std::string result;
+  result.reserve(text.size() * count);
+  for (std::size_t i = 0; i < count; ++i) result += text;
+  return result;
+}
+
+/// The account of a read of `text` that may still do `units` of work.
+class AccountWithWork {
+ public:
+  AccountWithWork(std::string_view text, std::uint64_t units) {
+    account.AllowForFile(text.size());
+    account.Spend(support::Allowance::Of(text.size()).work - units);
+  }
+
+  support::Account account;
+  const support::AccountScope scope{account};
+};
+
+/// The account of a read of `text` that may still hold `bytes` of working memory.
+class AccountWithMemory {
+ public:
+  AccountWithMemory(std::string_view text, std::uint64_t bytes) {
+    account.AllowForFile(text.size());
+    rest = support::HeldElsewhere(support::Allowance::Of(text.size()).working - bytes);
+  }
+
+  support::Account account;
+  const support::AccountScope scope{account};
+
+ private:
+  support::HeldElsewhere rest;
 };
 
 /// What the reader makes of a document.

@@ -102,7 +102,6 @@ TEST(FindRange, RunsToTheEndOfTheDocumentFromALastRecord) {
   record.id = "b";
   document.AddElement(record);
   EXPECT_EQ(document.FindRange("a").size(), 2U);
-  EXPECT_EQ(document.LookupCost("a"), 2U);
 }
 
 TEST(FindRange, GivesWhatAScanOverAllRecordsGives) {
@@ -119,7 +118,6 @@ TEST(FindRange, GivesWhatAScanOverAllRecordsGives) {
     for (const char* const id : {"", "a", "b", "c", "d"}) {
       const RecordList expected = Scan(document.elements, id);
       ASSERT_EQ(document.FindRange(id), expected);
-      ASSERT_EQ(document.LookupCost(id), expected.size());
     }
   }
 }
@@ -137,7 +135,6 @@ TEST(FindRange, TellsManyIdsApart) {
   for (const std::string& id : ids) {
     const RecordList expected = Scan(document.elements, id);
     ASSERT_EQ(document.FindRange(id), expected);
-    ASSERT_EQ(document.LookupCost(id), expected.size());
   }
 }
 
@@ -190,6 +187,20 @@ TEST(FindById, SurvivesGradientsThatLinkToEachOther) {
                      "a"),
               ElementsAre("linearGradient#a", "stop#t", "stoptail#t", "stop#s", "stoptail#s",
                           "linearGradienttail#a"));
+}
+
+TEST(IsLinearGradient, GivesWhatTheFirstRecordOfALookupSays) {
+  const LoadedSvg svg(
+      "<svg><stop id='s'/><g id='o'><linearGradient id='a'/></g><radialGradient id='r'/>"
+      "<linearGradient id='b' xlink:href='#a'/><linearGradient id='c' xlink:href='#s'/>"
+      "<linearGradient id='d' xlink:href='#none'/><rect id='e'/><linearGradient id='e'/></svg>");
+  for (const char* const id : {"s", "o", "a", "r", "b", "c", "d", "e", "none", ""}) {
+    const RecordList records = svg.document->FindById(id);
+    const bool expected =
+        !records.empty() && records.front()->elementType == Svg::ElementType::LinearGradient;
+    EXPECT_EQ(svg.document->IsLinearGradient(id), expected) << id;
+    EXPECT_EQ(svg.document->IsLinearGradient(id), expected) << id << " the second time";
+  }
 }
 
 TEST(FindById, EmptiesTheResultWhereNothingIsFound) {
