@@ -35,12 +35,11 @@ void Run(std::string_view input) {
   data.input = parts.Rest();
   data.length = static_cast<std::uint32_t>(data.input.size());
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(data.input.size());
   try {
     if (kind % 16 < 14) {
-      pdf::DecodeStream(data, notes, budget);
+      pdf::DecodeStream(data, notes);
     } else if (!data.isImage) {
-      pdf::DecodeFilter(data, notes, budget);
+      pdf::DecodeFilter(data, notes);
     }
   } catch (const std::exception&) {
     // Data that break off end the read.

@@ -9,8 +9,7 @@ namespace {
 void Run(std::string_view input) {
   try {
     std::vector<std::uint8_t> plane;
-    pdf::PdfWorkBudget budget(input.size());
-    fuzz::Check(pdf::DecodeJpeg2000(input, budget, plane) || plane.empty(), "pixels of a refused picture");
+    fuzz::Check(pdf::DecodeJpeg2000(input, plane) || plane.empty(), "pixels of a refused picture");
     fuzz::Touch(plane.data(), plane.size());
   } catch (const std::runtime_error&) {
     // Data that break off.

@@ -41,6 +41,7 @@ void ReadWidths(const PdfTokens& tokens, std::size_t& index, PdfCIDFont& font) {
 
 /// Reads /W, inline or as a reference, behind the key at `index`.
 void ReadWidthsKey(ObjectSource& source, const PdfTokens& tokens, std::size_t& index, PdfCIDFont& font) {
+  font.widths.clear();
   if (tokens.at(++index) == "[") {
     ReadWidths(tokens, index, font);
     return;
@@ -117,9 +118,22 @@ void ReadSimpleKey(const PdfTokens& tokens, std::size_t& index, PdfFontDescripto
   }
 }
 
+void ReadDescriptorTokens(ObjectSource& source, const PdfTokens& tokens, PdfFontDescriptor& descriptor) {
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    if (tokens[i] == "/FontBBox") {
+      descriptor.fontBox = BoxBehind(tokens, i);
+    } else if (tokens[i] == "/FontFile2") {
+      ReadFontFile(source, AtoI(tokens.at(++i)));
+    } else {
+      ReadSimpleKey(tokens, i, descriptor);
+    }
+  }
+}
+
 }  // namespace
 
-void ReadCIDFont(ObjectSource& source, const PdfTokens& tokens, PdfCIDFont& font) {
+PdfCIDFont ReadCIDFont(ObjectSource& source, const PdfTokens& tokens) {
+  PdfCIDFont font;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const std::string_view key = tokens[i];
     if (key == "/Type")
@@ -131,7 +145,7 @@ void ReadCIDFont(ObjectSource& source, const PdfTokens& tokens, PdfCIDFont& font
     else if (key == "/CIDSystemInfo") {
       if (tokens.at(i + 1) == "<<") ReadSystemInfo(tokens, ++i, font);
     } else if (key == "/FontDescriptor")
-      ReadFontDescriptor(source, AtoI(tokens.at(++i)), font.descriptor);
+      font.descriptor = ReadFontDescriptor(source, AtoI(tokens.at(++i)));
     else if (key == "/DW")
       font.defaultWidth = AtoI(tokens.at(++i));
     else if (key == "/DW2") {
@@ -144,20 +158,15 @@ void ReadCIDFont(ObjectSource& source, const PdfTokens& tokens, PdfCIDFont& font
     else if (key == "/CIDToGIDMap")
       font.cidToGidMap = tokens.at(++i);
   }
+  return font;
 }
 
-void ReadFontDescriptor(ObjectSource& source, std::int32_t objectNumber, PdfFontDescriptor& descriptor) {
-  const auto object = source.Fetch(objectNumber);
-  const PdfTokens& tokens = object->tokens;
-  for (std::size_t i = 0; i < tokens.size(); ++i) {
-    if (tokens[i] == "/FontBBox") {
-      descriptor.fontBox = BoxBehind(tokens, i);
-    } else if (tokens[i] == "/FontFile2") {
-      ReadFontFile(source, AtoI(tokens.at(++i)));
-    } else {
-      ReadSimpleKey(tokens, i, descriptor);
-    }
-  }
+std::shared_ptr<const PdfFontDescriptor> ReadFontDescriptor(ObjectSource& source, std::int32_t objectNumber) {
+  return source.fontDescriptors.Get(source.Reader(), objectNumber, [&] {
+    auto descriptor = std::make_shared<PdfFontDescriptor>();
+    ReadDescriptorTokens(source, source.Fetch(objectNumber)->tokens, *descriptor);
+    return descriptor;
+  });
 }
 
 }  // namespace pdf

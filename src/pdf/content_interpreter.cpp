@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pdf/show_string.h"
+#include "support/account.h"
 #include "support/float_to_integer.h"
 #include "support/limits.h"
 #include "support/text_to_number.h"
@@ -20,13 +21,9 @@ using support::AtoI;
 constexpr double kDegreesPerPi = 180.0;
 constexpr double kPi = 3.141592653589793;
 
-/// Cost of running a text besides its bytes, so that empty forms are not free.
-constexpr std::uint64_t kRunCost = 64;
-
-/// Cost of a record besides its text, path or pixels.
-constexpr std::uint64_t kRecordCost = 112;
-
-constexpr std::size_t kRectangleSegments = 5;
+/// Work of running a text: for each byte, and besides, so that empty forms are not free.
+constexpr std::uint64_t kWorkPerByte = 4;
+constexpr std::uint64_t kRunWork = 512;
 
 /// Whether "T" and `second` stand next to each other anywhere in `text`.
 bool Holds(std::string_view text, char second) {
@@ -63,10 +60,8 @@ bool IsClip(const ContentLine& line) {
 
 }  // namespace
 
-ContentInterpreter::ContentInterpreter(const PageResources& pageResources, PdfWorkBudget& workBudget,
-                                       PDF_Page& target, int formDepth)
+ContentInterpreter::ContentInterpreter(const PageResources& pageResources, PDF_Page& target, int formDepth)
     : resources(pageResources),
-      budget(workBudget),
       page(target),
       depth(formDepth),
       defaultFont(std::make_shared<const PdfFont>()),
@@ -75,10 +70,10 @@ ContentInterpreter::ContentInterpreter(const PageResources& pageResources, PdfWo
 }
 
 void ContentInterpreter::Run(std::string_view text) {
-  if (!budget.Take(text.size() + kRunCost)) return;
+  support::SpendWork(kRunWork + kWorkPerByte * text.size());
   ContentLines lines(text);
   ContentLine line;
-  while (budget.Left() > 0 && lines.Next(line)) {
+  while (lines.Next(line)) {
     if (!line.text.empty()) RunLine(line, lines);
   }
 }
@@ -198,7 +193,7 @@ void ContentInterpreter::Show(const ContentLine& line, bool array) {
       array ? DecodeShowArray(line.text, font) : DecodeShowString(line.text, font);
   if (!text) return;
   workingText.text = *std::move(text);
-  Append(workingText, workingText.text.size());
+  page.entities.Add(workingText);
 }
 
 void ContentInterpreter::Draw(const ContentLine& line) {
@@ -207,16 +202,14 @@ void ContentInterpreter::Draw(const ContentLine& line) {
   if (xobject->image != nullptr) DrawImage(xobject->image);
   // A form runs from a state of its own: nothing of this one's reaches it.
   if (xobject->form == nullptr || depth >= support::limits::kPdfFormDepth) return;
-  ContentInterpreter(resources, budget, page, depth + 1).Run(xobject->form->content);
+  support::RunItem([&] { ContentInterpreter(resources, page, depth + 1).Run(xobject->form->content); });
 }
 
 void ContentInterpreter::DrawImage(const std::shared_ptr<const PdfImage>& image) {
   workingImage.image = image;
   // Kept: under a turned or sheared matrix the placement of the image before stays.
   if (state.transformation.b == 0.0 && state.transformation.c == 0.0) PlaceImage();
-  // Each drawing becomes a bitmap of its own in the results.
-  const auto pixels = static_cast<std::size_t>(image->width) * static_cast<std::size_t>(image->height);
-  Append(workingImage, pixels);
+  page.entities.Add(workingImage);
 }
 
 void ContentInterpreter::PlaceImage() {
@@ -241,20 +234,12 @@ void ContentInterpreter::SetTransformation(const ContentLine& line) {
 }
 
 void ContentInterpreter::Save() {
-  if (saved.size() < support::limits::kPdfSavedStates) {
-    saved.push_back(state);
-  } else {
-    ++savesSkipped;
-  }
+  saved.push_back(state);
   ResetText();
   workingImage = {};
 }
 
 void ContentInterpreter::Restore() {
-  if (savesSkipped > 0) {
-    --savesSkipped;
-    return;
-  }
   if (saved.empty()) return;
   state = std::move(saved.back());
   saved.pop_back();
@@ -319,7 +304,6 @@ void ContentInterpreter::PaintShading(const ContentLine& line) {
 // Kept: a rectangle that is a clip leaves no path, and so an empty clip.
 void ContentInterpreter::RunRectangle(const ContentLine& line, const ContentLines& lines) {
   AppendRectangle(state.transformation, line, *currentPath);
-  budget.Take(kRectangleSegments * sizeof(PdfPathSegment));
   const std::string_view next = lines.Peek();
   if (next == "W" || next == "W*") ClearPath();
 }
@@ -331,9 +315,7 @@ bool ContentInterpreter::RunPathBlock(ContentLine& line, ContentLines& lines) {
   do {
     lineStart = lines.Position();
     if (!lines.Next(line)) return false;
-    const std::size_t sizeBefore = currentPath->size();
     parser.Take(line);
-    if (!budget.Take((currentPath->size() - sizeBefore) * sizeof(PdfPathSegment))) return false;
   } while (!PaintModeOf(line) && !IsClip(line));
   if (line.code == OperatorCode("n")) ClearPath();
   // The main loop takes the clip.
@@ -364,11 +346,7 @@ void ContentInterpreter::ClearPath() {
 }
 
 void ContentInterpreter::AppendPath(std::span<const PdfPathSegment> segments, PdfPaintMode mode) {
-  Append(PDF_PagePath{PdfPackedPath(segments, page.memory.get()), state.paint, mode}, segments.size_bytes());
-}
-
-void ContentInterpreter::Append(PDF_Entity entity, std::size_t bytes) {
-  if (budget.Take(kRecordCost + bytes)) page.entities.push_back(std::move(entity));
+  page.entities.AddPath(segments, state.paint, mode);
 }
 
 }  // namespace pdf

@@ -12,7 +12,6 @@
 #include "pdf/page_records.h"
 #include "pdf/path_lines.h"
 #include "pdf/resources.h"
-#include "pdf/work_budget.h"
 
 namespace pdf {
 
@@ -25,10 +24,9 @@ namespace pdf {
 class ContentInterpreter {
  public:
   /// Appends to `target`. All must outlive the interpreter. `formDepth` counts the forms around this text.
-  ContentInterpreter(const PageResources& pageResources, PdfWorkBudget& workBudget, PDF_Page& target,
-                     int formDepth = 0);
+  ContentInterpreter(const PageResources& pageResources, PDF_Page& target, int formDepth = 0);
 
-  /// Runs a whole text. Ends early where the budget is used up.
+  /// Runs a whole text. What a form makes before the account of the read refuses it stays.
   void Run(std::string_view text);
 
  private:
@@ -68,18 +66,14 @@ class ContentInterpreter {
   void ClearPath();
   /// Appends a path in the paint of the state.
   void AppendPath(std::span<const PdfPathSegment> segments, PdfPaintMode mode);
-  /// Keeps `entity`, of which its variable parts take `bytes`, within the budget.
-  void Append(PDF_Entity entity, std::size_t bytes);
 
   const PageResources& resources;
-  PdfWorkBudget& budget;
   PDF_Page& page;
   int depth;
 
   std::shared_ptr<const PdfFont> defaultFont;
   PdfGraphicsState state;
   std::vector<PdfGraphicsState> saved;
-  std::size_t savesSkipped = 0;              ///< beyond the limit of `saved`
   std::shared_ptr<PdfPathData> currentPath;  ///< grows until it is cleared; clips share its start
   PDF_PageText workingText;
   PDF_PageImage workingImage;

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 #include <string>
 
 #include "pdf/filters/ascii85.h"
@@ -10,12 +9,15 @@
 #include "pdf/filters/lzw.h"
 #include "pdf/filters/run_length.h"
 #include "pdf/stream_data.h"
+#include "support/account.h"
+#include "support/limits.h"
 
 namespace pdf {
 
 namespace {
 
-constexpr std::uint8_t kWhite = 0xFF;
+constexpr std::uint8_t kSet = 0xFF;
+constexpr int kFlateTries = 3;
 
 std::string_view InputOf(const PdfStreamData& data) { return FirstBytes(data.input, data.length); }
 
@@ -31,12 +33,12 @@ void DropOutput(PdfStreamData& data) {
   data.length = 0;
 }
 
-void FillWhite(PdfStreamData& data, PdfWorkBudget& budget) {
+/// A plane of one white component. It holds no bytes: pixels without bytes are white, and the white pages of
+/// a scanned document would add up.
+void FillWhite(PdfStreamData& data) {
   const std::size_t pixels = IsAllowedImageSize(data.width, data.height) ? PixelsOf(data) : 0;
-  if (!budget.Take(pixels)) return DropOutput(data);
   data.components = 1;
   data.length = static_cast<std::uint32_t>(pixels);
-  data.imagePlane.assign(pixels, kWhite);
 }
 
 void DecodeAsciiHexStream(PdfStreamData& data) { data.decoded += DecodeAsciiHex(InputOf(data)); }
@@ -48,26 +50,21 @@ void DecodeAscii85Stream(PdfStreamData& data) {
 }
 
 /// Takes the output of LZW or run length: a bitmap for an image, else bytes.
-void TakeOutput(PdfStreamData& data, PdfWorkBudget& budget, const std::optional<std::string>& output,
-                std::uint8_t setBit) {
-  if (!output || !budget.Take(output->size())) return DropOutput(data);
+void TakeOutput(PdfStreamData& data, const std::string& output, std::uint8_t setBit) {
   if (!data.isImage) {
-    data.decoded += *output;
+    data.decoded += output;
     return;
   }
-  if (!budget.Take(PixelsOf(data))) return DropOutput(data);
   data.components = 1;
   const auto width = static_cast<std::size_t>(data.width);
   const auto height = static_cast<std::size_t>(data.height);
-  AppendBitmapRows(*output, width, height, setBit, static_cast<std::uint8_t>(~setBit), data.imagePlane);
+  AppendBitmapRows(output, width, height, setBit, static_cast<std::uint8_t>(~setBit), data.imagePlane);
 }
 
-void DecodeLzwStream(PdfStreamData& data, PdfWorkBudget& budget) {
-  TakeOutput(data, budget, PdfLzwDecoder(InputOf(data)).Decode(budget.Left()), kWhite);
-}
+void DecodeLzwStream(PdfStreamData& data) { TakeOutput(data, PdfLzwDecoder(InputOf(data)).Decode(), kSet); }
 
-void DecodeRunLengthStream(PdfStreamData& data, PdfWorkBudget& budget) {
-  TakeOutput(data, budget, DecodeRunLength(InputOf(data), budget.Left(), data.nulFollows), 0);
+void DecodeRunLengthStream(PdfStreamData& data) {
+  TakeOutput(data, DecodeRunLength(InputOf(data), data.nulFollows), 0);
 }
 
 /// Moves the inflated bytes of an image to its plane.
@@ -88,48 +85,43 @@ void TakePixels(PdfStreamData& data) {
 }
 
 void RepeatNote(PdfNotes& notes, std::string_view note) {
-  for (int tries = 0; tries < support::limits::kPdfFlateTries; ++tries) notes.Write(note);
+  for (int tries = 0; tries < kFlateTries; ++tries) notes.Write(note);
 }
 
-void DecodeFlateStream(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget) {
+void DecodeFlateStream(PdfStreamData& data, PdfNotes& notes) {
   const std::size_t before = data.decoded.size();
-  const FlateResult result = Inflate(InputOf(data), budget.Left(), data.decoded);
+  const FlateResult result = Inflate(InputOf(data), data.decoded);
   // Another try gives the same result, so it is not made; its note is part of what the reader says.
   if (result == FlateResult::kCorrupt) return RepeatNote(notes, "input error!");
   if (result == FlateResult::kOutOfMemory) return RepeatNote(notes, "Out of memory!!!");
   const std::size_t size = data.decoded.size() - before;
-  if (result == FlateResult::kTooLong || !budget.Take(size)) return DropOutput(data);
   data.length = static_cast<std::uint32_t>(size);
   if (data.isImage) TakePixels(data);
 }
 
-void DecodeJpxStream(PdfStreamData& data, PdfWorkBudget& budget) {
-  if (!DecodeJpeg2000(InputOf(data), budget, data.imagePlane)) {
-    if (budget.Left() == 0) DropOutput(data);
-    return;
-  }
-  data.components = 3;
+void DecodeJpxStream(PdfStreamData& data) {
+  if (DecodeJpeg2000(InputOf(data), data.imagePlane)) data.components = 3;
 }
 
 /// One filter; false for a name that is not known.
-bool ApplyFilter(std::string_view name, PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget) {
+bool ApplyFilter(std::string_view name, PdfStreamData& data, PdfNotes& notes) {
   if (name == "/ASCIIHexDecode") {
     DecodeAsciiHexStream(data);
   } else if (name == "/ASCII85Decode") {
     DecodeAscii85Stream(data);
   } else if (name == "/LZWDecode") {
-    DecodeLzwStream(data, budget);
+    DecodeLzwStream(data);
   } else if (name == "/FlateDecode") {
-    DecodeFlateStream(data, notes, budget);
+    DecodeFlateStream(data, notes);
   } else if (name == "/RunLengthDecode") {
-    DecodeRunLengthStream(data, budget);
+    DecodeRunLengthStream(data);
   } else if (name == "/CCITTFaxDecode" || name == "/JBIG2Decode") {
     notes.Write(name.substr(1));
-    FillWhite(data, budget);
+    FillWhite(data);
   } else if (name == "/DCTDecode") {
-    FillWhite(data, budget);
+    FillWhite(data);
   } else if (name == "/JPXDecode") {
-    DecodeJpxStream(data, budget);
+    DecodeJpxStream(data);
   } else {
     return false;
   }
@@ -152,24 +144,24 @@ void TakeUnfiltered(PdfStreamData& data) {
 
 bool IsAllowedImageSize(std::int32_t width, std::int32_t height) {
   if (width < 0 || height < 0) return false;
-  return std::uint64_t(width) * std::uint64_t(height) <= support::limits::kPicturePixels;
+  return std::uint64_t(width) * std::uint64_t(height) <= support::limits::kHeldBytes;
 }
 
-void DecodeStream(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget) {
+void DecodeStream(PdfStreamData& data, PdfNotes& notes) {
   const std::string_view input = InputOf(data);
   if (data.isImage && !IsAllowedImageSize(data.width, data.height)) return DropOutput(data);
-  if (!budget.Take(input.size())) return DropOutput(data);
+  support::SpendWork(input.size());
   if (data.filters.empty()) return TakeUnfiltered(data);
-  if (data.filters.size() == 1) return DecodeFilter(data, notes, budget);
-  if (data.isImage) return FillWhite(data, budget);
+  if (data.filters.size() == 1) return DecodeFilter(data, notes);
+  if (data.isImage) return FillWhite(data);
   data.decoded += input;
 }
 
-void DecodeFilter(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget) {
+void DecodeFilter(PdfStreamData& data, PdfNotes& notes) {
   const std::string_view original = data.input;
   std::string joined;
   for (std::size_t i = 0; i < data.filters.size(); ++i) {
-    if (!ApplyFilter(data.filters[i], data, notes, budget)) break;
+    if (!ApplyFilter(data.filters[i], data, notes)) break;
     if (i + 1 == data.filters.size()) break;
     notes.Write("级联过滤器");
     joined.assign(data.input).append(data.decoded);

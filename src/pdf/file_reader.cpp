@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "support/account.h"
+
 namespace pdf {
 
 namespace {
@@ -10,8 +12,8 @@ constexpr std::string_view kStreamWord = "stream";
 constexpr std::string_view kStartWord = "startxref";
 constexpr std::size_t kTailBytes = 256;
 
-/// What a byte of an object's text costs beyond its reading: the rewriting, and the tokens that are kept.
-constexpr std::size_t kRewritingFactor = 8;
+/// Object texts that are kept for the next fetch. Beyond it they are dropped and read again when needed.
+constexpr std::size_t kKeptBytes = std::size_t{64} << 20;
 
 std::size_t FirstNotLineEnd(std::string_view bytes, std::size_t from) {
   const std::size_t found = bytes.find_first_not_of("\r\n", from);
@@ -44,11 +46,11 @@ std::size_t PdfFileReader::FindEnd(std::string_view terminator) const {
 void PdfFileReader::ReadUntil(std::string_view terminator) {
   text = {};
   stream = {};
-  if (position >= file.size() || budget.Left() == 0) return;
+  if (position >= file.size()) return;
   const std::size_t start = position;
   position = FindEnd(terminator);
   const std::string_view raw = file.substr(start, position - start);
-  if (!budget.Take(raw.size())) return;
+  support::SpendWork(raw.size());
   const std::size_t word = raw.find(kStreamWord);
   if (word == std::string_view::npos) {
     text = raw;
@@ -87,7 +89,6 @@ std::shared_ptr<const PdfObject> PdfFileReader::ReadObject(std::int64_t offset) 
   if (offset < 0) dependsOnEarlierRead = true;
   Seek(offset);
   ReadUntil("endobj");
-  if (!budget.Take(kRewritingFactor * text.size())) text = stream = {};
   auto object = std::make_shared<const PdfObject>(text);
   if (offset < 0) return object;
   MakeRoomFor(*object);
@@ -99,7 +100,6 @@ std::shared_ptr<const PdfObject> PdfFileReader::ReadStreamedObject(std::uint32_t
                                                                    std::string_view rawText) {
   const auto known = keptStreamed.find(number);
   if (known != keptStreamed.end()) return known->second;
-  if (!budget.Take(kRewritingFactor * rawText.size())) rawText = {};
   auto object = std::make_shared<const PdfObject>(rawText);
   MakeRoomFor(*object);
   keptStreamed.emplace(number, object);
@@ -111,7 +111,7 @@ void PdfFileReader::MakeRoomFor(const PdfObject& object) {
   const std::size_t bytes =
       object.text.capacity() + object.tokens.capacity() * sizeof(std::string_view) + kRecordBytes;
   keptBytes += bytes;
-  if (keptBytes <= support::limits::kPdfKeptObjectBytes) return;
+  if (keptBytes <= kKeptBytes) return;
   kept.clear();
   keptStreamed.clear();
   keptBytes = bytes;

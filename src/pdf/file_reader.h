@@ -10,7 +10,6 @@
 
 #include "pdf/notes.h"
 #include "pdf/object_text.h"
-#include "pdf/work_budget.h"
 
 namespace pdf {
 
@@ -30,15 +29,15 @@ struct PdfObject {
 class PdfFileReader {
  public:
   /// `fileBytes` must outlive the reader.
-  explicit PdfFileReader(std::string_view fileBytes) : budget(fileBytes.size()), file(fileBytes) {}
+  explicit PdfFileReader(std::string_view fileBytes) : file(fileBytes) {}
 
   /// Goes to `target`, which may lie behind the end. A negative place leaves the position where it is.
   void Seek(std::int64_t target);
 
   /// Reads from the position on through `terminator`, or to the end of the file. Where the word "stream" is
   /// found, `text` ends one byte behind it, and `stream` holds what follows the line ends behind it, down to
-  /// the terminator; otherwise all is `text`. Behind the end of the file, and where the budget is used up,
-  /// both are empty. Kept: the byte that breaks a match of the terminator is not tried as its first one
+  /// the terminator; otherwise all is `text`. Past the end of the file both are
+  /// empty. Kept: the byte that breaks a match of the terminator is not tried as its first one
   /// again.
   void ReadUntil(std::string_view terminator);
 
@@ -73,7 +72,6 @@ class PdfFileReader {
   /// an object without a place, and the stream of an object in an object stream, which has none of its own.
   bool dependsOnEarlierRead = false;
   PdfNotes notes;
-  PdfWorkBudget budget;
 
  private:
   /// What reading an object of the file left behind, for the next time that it is asked for.

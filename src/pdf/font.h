@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -66,10 +67,10 @@ struct PdfCIDFont {
   std::string registry;
   std::string ordering;
   std::int32_t supplement = 0;
-  PdfFontDescriptor descriptor;
+  std::shared_ptr<const PdfFontDescriptor> descriptor;
   std::int32_t defaultWidth = 0;
   std::array<std::int32_t, 2> defaultVerticalMetrics{};
-  std::vector<PdfWidthRange> widths;
+  std::vector<PdfWidthRange> widths;  ///< of the last /W
   std::vector<std::string> verticalWidths;
   std::string cidToGidMap;
 };
@@ -79,7 +80,8 @@ struct PdfFont {
   std::string name = "SimSun";
   std::string encoding;
   PdfToUnicode toUnicode;
-  PdfCIDFont cidFont;
+  std::shared_ptr<const PdfCIDFont>
+      cidFont;  ///< of a composite font; fonts that name the same object share it
 };
 
 }  // namespace pdf

@@ -1,5 +1,8 @@
 #include "pdf/font_reader.h"
 
+#include <utility>
+
+#include "pdf/shared_reads.h"
 #include "pdf/to_unicode.h"
 #include "pdf/token_walk.h"
 #include "support/limits.h"
@@ -17,7 +20,7 @@ std::string WithoutSlash(std::string_view token) { return std::string(token.subs
 void ReadToUnicode(ObjectSource& source, std::int32_t objectNumber, PdfToUnicode& map) {
   const auto [object, stream] = source.FetchStream(objectNumber);
   if (object->text.find("stream") == std::string::npos) {
-    if (source.Budget().Take(stream.size())) ReadCMap(stream, map);
+    ReadCMap(stream, map);
     return;
   }
   PdfStreamKeys keys;
@@ -25,7 +28,7 @@ void ReadToUnicode(ObjectSource& source, std::int32_t objectNumber, PdfToUnicode
   PdfStreamData data;
   data.nulFollows = true;
   source.Decode(stream, keys, data);
-  if (source.Budget().Take(data.decoded.size())) ReadCMap(data.decoded, map);
+  ReadCMap(data.decoded, map);
 }
 
 /// The tokens of the descendant font: those of the object that the reference behind `reference` names. An
@@ -33,8 +36,9 @@ void ReadToUnicode(ObjectSource& source, std::int32_t objectNumber, PdfToUnicode
 std::shared_ptr<const PdfObject> FetchDescendant(ObjectSource& source, const PdfTokens& tokens,
                                                  std::size_t reference) {
   constexpr std::size_t kMostTokensOfAnArray = 10;
+  constexpr int kMostSteps = 16;  // the array may be one of its own
   auto object = source.Fetch(AtoI(tokens.at(reference)));
-  for (int step = 0; step < support::limits::kPdfDescendantSteps; ++step) {
+  for (int step = 0; step < kMostSteps; ++step) {
     if (object->tokens.empty() || object->tokens.size() > kMostTokensOfAnArray) break;
     object = source.Fetch(AtoI(object->tokens.at(4)));
   }
@@ -42,30 +46,40 @@ std::shared_ptr<const PdfObject> FetchDescendant(ObjectSource& source, const Pdf
 }
 
 /// Reads the descendant font behind the key at `index`, which moves to the last token of an inline one.
-void ReadDescendant(ObjectSource& source, const PdfTokens& tokens, std::size_t& index, PdfCIDFont& font) {
+std::shared_ptr<const PdfCIDFont> ReadDescendant(ObjectSource& source, const PdfTokens& tokens,
+                                                 std::size_t& index) {
   if (tokens.at(index + 1) == "[") ++index;
   if (tokens.at(index + 3) == "R") {
-    ReadCIDFont(source, FetchDescendant(source, tokens, index + 1)->tokens, font);
-    return;
+    return source.descendants.Get(source.Reader(), AtoI(tokens[index + 1]), [&] {
+      const auto object = FetchDescendant(source, tokens, index + 1);
+      return std::make_shared<const PdfCIDFont>(ReadCIDFont(source, object->tokens));
+    });
   }
   const std::size_t end = EndOfArray(tokens, index + 1);
   const auto begin = tokens.begin();
-  ReadCIDFont(
-      source,
-      PdfTokens(begin + static_cast<std::ptrdiff_t>(index) + 1, begin + static_cast<std::ptrdiff_t>(end)),
-      font);
+  const PdfTokens inlined(begin + static_cast<std::ptrdiff_t>(index) + 1,
+                          begin + static_cast<std::ptrdiff_t>(end));
   index = end;
+  return std::make_shared<const PdfCIDFont>(ReadCIDFont(source, inlined));
 }
 
 }  // namespace
 
 void ReadFont(ObjectSource& source, const PdfTokens& tokens, PdfFont& font) {
+  // The map that was read last. Reading it again would only store the same entries once more.
+  std::int32_t lastMap = 0;
+  SharedReads<PdfToUnicode> maps;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     if (tokens[i] == "/ToUnicode") {
       if (tokens.at(i + 1) == "[") {
         i = EndOfArray(tokens, i + 1);
       } else {
-        ReadToUnicode(source, AtoI(tokens[++i]), font.toUnicode);
+        const std::int32_t number = AtoI(tokens[++i]);
+        if (std::exchange(lastMap, number) != number) maps = {};
+        maps.Get(source.Reader(), number, [&] {
+          ReadToUnicode(source, number, font.toUnicode);
+          return nullptr;
+        });
       }
     } else if (tokens[i] == "/BaseFont") {
       font.name = WithoutSlash(tokens.at(++i));
@@ -76,7 +90,7 @@ void ReadFont(ObjectSource& source, const PdfTokens& tokens, PdfFont& font) {
         font.encoding = WithoutSlash(tokens[++i]);
       }
     } else if (tokens[i] == "/DescendantFonts") {
-      ReadDescendant(source, tokens, i, font.cidFont);
+      font.cidFont = ReadDescendant(source, tokens, i);
     }
   }
 }

@@ -10,10 +10,10 @@ namespace pdf {
 void ReadFont(ObjectSource& source, const PdfTokens& tokens, PdfFont& font);
 
 /// Reads what a composite font's descendant says. The keys are read on after the "]" that ends /W.
-void ReadCIDFont(ObjectSource& source, const PdfTokens& tokens, PdfCIDFont& font);
+PdfCIDFont ReadCIDFont(ObjectSource& source, const PdfTokens& tokens);
 
 /// Reads the font descriptor in this object. An embedded font program is looked at and dropped.
-void ReadFontDescriptor(ObjectSource& source, std::int32_t objectNumber, PdfFontDescriptor& descriptor);
+std::shared_ptr<const PdfFontDescriptor> ReadFontDescriptor(ObjectSource& source, std::int32_t objectNumber);
 
 }  // namespace pdf
 

@@ -4,6 +4,7 @@
 
 #include "pdf/shared_reads.h"
 #include "pdf/token_walk.h"
+#include "support/account.h"
 #include "support/limits.h"
 #include "support/text_to_number.h"
 
@@ -14,9 +15,8 @@ namespace {
 using support::AtoF;
 using support::AtoI;
 
-/// Charged for each read of a function on top of the length of its text: its record and its place in the
-/// index.
-constexpr std::size_t kRecordBytes = 512;
+/// Work of looking up a part that was read before.
+constexpr std::uint64_t kPartWork = 64;
 
 /// Whether the key at `key` has an array behind it.
 bool HasArray(const PdfTokens& tokens, std::size_t key) { return tokens.at(key + 1) == "["; }
@@ -83,10 +83,10 @@ class FunctionReader {
 
   PdfFunction Read(std::int32_t objectNumber) {
     PdfFunction function;
-    if (!reader.budget.Take(kRecordBytes)) return function;
     beingRead.push_back(ObjectPlace(section, objectNumber));
     const auto object = FetchObject(reader, section, objectNumber);
-    if (reader.budget.Take(object->text.size())) ReadTokens(object->tokens, function);
+    support::SpendWork(object->text.size());
+    ReadTokens(object->tokens, function);
     beingRead.pop_back();
     return function;
   }
@@ -114,6 +114,7 @@ class FunctionReader {
   }
 
   std::shared_ptr<const PdfFunctionStop> ReadPart(std::int32_t objectNumber) {
+    support::SpendWork(kPartWork);
     const std::int64_t place = ObjectPlace(section, objectNumber);
     if (!IsFollowed(place)) return emptyStop;
     return parts.Get(reader, place,

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "support/account.h"
+
 namespace pdf {
 
 void PdfNotes::Write(std::string_view note) {
@@ -11,6 +13,8 @@ void PdfNotes::Write(std::string_view note) {
 }
 
 void PdfNotes::Replay(std::string_view recorded) {
+  constexpr std::uint64_t kWorkPerByte = 8;
+  support::SpendWork(kWorkPerByte * recorded.size());
   std::fwrite(recorded.data(), 1, recorded.size(), stdout);
   if (recordings > 0) log += recorded;
 }

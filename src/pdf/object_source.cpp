@@ -2,12 +2,14 @@
 
 #include <stdexcept>
 
+#include "support/account.h"
+
 namespace pdf {
 
 std::shared_ptr<const PdfObject> ObjectSource::Fetch(std::int32_t objectNumber) {
   std::shared_ptr<const PdfObject> object = FetchObject(*document.reader, document.section, objectNumber);
-  // Whoever fetches walks all tokens, also those of an object that was kept.
-  Budget().Take(object->text.size());
+  // Callers walk all tokens, also those of an object that was kept.
+  support::SpendWork(object->text.size());
   return object;
 }
 
@@ -28,7 +30,7 @@ void ObjectSource::Decode(std::string_view stream, const PdfStreamKeys& keys, Pd
   data.input = FirstBytes(stream, keys.length);
   data.length = static_cast<std::uint32_t>(keys.length);
   data.filters = keys.filters;
-  DecodeStream(data, Notes(), Budget());
+  DecodeStream(data, Notes());
 }
 
 void AppendDecoded(const PdfStreamData& data, std::string& text) {

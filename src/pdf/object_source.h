@@ -7,6 +7,8 @@
 #include <string_view>
 
 #include "pdf/document.h"
+#include "pdf/font.h"
+#include "pdf/shared_reads.h"
 #include "pdf/stream_data.h"
 
 namespace pdf {
@@ -35,7 +37,10 @@ class ObjectSource {
   PdfXrefSection& Section() { return document.section; }
   const std::shared_ptr<const support::FileBytes>& File() const { return document.file; }
   PdfNotes& Notes() { return document.reader->notes; }
-  PdfWorkBudget& Budget() { return document.reader->budget; }
+
+  // What fonts name.
+  SharedReads<PdfCIDFont> descendants;             ///< by object number
+  SharedReads<PdfFontDescriptor> fontDescriptors;  ///< by object number
 
  private:
   PdfDocument& document;

@@ -54,8 +54,7 @@ void ExpandObjectStream(PdfFileReader& reader, PdfXrefSection& section, std::int
   const auto object = FetchObject(reader, section, objectNumber);
   ObjectStreamKeys keys = ReadKeys(object->tokens);
   keys.data.input = reader.stream;
-  DecodeStream(keys.data, reader.notes, reader.budget);
-  if (reader.budget.Left() == 0) return;
+  DecodeStream(keys.data, reader.notes);
   const std::string& decoded = section.objectStreams.emplace_back(std::move(keys.data.decoded));
   const std::string_view objects = FirstBytes(decoded, keys.data.length);
   const std::size_t first = std::min(PlaceOf(keys.first), objects.size());

@@ -6,7 +6,7 @@
 #include "pdf/content_text.h"
 #include "pdf/page_tree.h"
 #include "pdf/token_walk.h"
-#include "support/limits.h"
+#include "support/account.h"
 #include "support/text_to_number.h"
 
 namespace pdf {
@@ -14,6 +14,9 @@ namespace pdf {
 namespace {
 
 using support::AtoI;
+
+/// Decoded content streams that are kept for other pages that name them.
+constexpr std::size_t kKeptBytes = std::size_t{64} << 20;
 
 /// The tokens of an object without the "N G obj" before them and the "endobj" behind them. An object from an
 /// object stream has neither.
@@ -41,17 +44,18 @@ void ReadContentsKey(const PdfTokens& tokens, std::size_t& index, std::vector<st
 std::vector<PDF_Page> PageReader::ReadAll(std::int32_t catalog) {
   std::vector<PDF_Page> pages;
   for (const std::int32_t number : ListPages(source, catalog)) {
-    if (source.Budget().Left() == 0) break;
-    pages.push_back(ReadPage(number));
+    support::RunItem([&] {
+      pages.push_back({.entities = PDF_PageEntities(pageMemory)});
+      ReadPage(number, pages.back());
+    });
   }
   return pages;
 }
 
-PDF_Page PageReader::ReadPage(std::int32_t number) {
+void PageReader::ReadPage(std::int32_t number, PDF_Page& page) {
+  inserted.clear();
   const auto object = source.Fetch(number);
   PdfTokens tokens = object->tokens;
-  PDF_Page page;
-  page.memory = pageMemory;
   PageResources resources;
   std::vector<std::int32_t> contents;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
@@ -66,9 +70,7 @@ PDF_Page PageReader::ReadPage(std::int32_t number) {
     }
   }
   const support::BlockText text = ContentText(contents);
-  ContentInterpreter(resources, source.Budget(), page).Run(text.View());
-  inserted.clear();
-  return page;
+  ContentInterpreter(resources, page).Run(text.View());
 }
 
 /// Reads the resources behind the key at `index`, which moves to their last token. A dictionary in an object
@@ -78,7 +80,7 @@ void PageReader::ReadResources(PdfTokens& tokens, std::size_t& index, PageResour
     const auto object = source.Fetch(AtoI(tokens[index + 1]));
     inserted.push_back(object);
     const PdfTokens body = BodyOf(object->tokens);
-    if (!source.Budget().Take((tokens.size() + body.size()) * sizeof(std::string_view))) return;
+    support::SpendWork((tokens.size() + body.size()) * sizeof(std::string_view));
     const auto reference = tokens.begin() + static_cast<std::ptrdiff_t>(index) + 1;
     tokens.insert(tokens.erase(reference, reference + 3), body.begin(), body.end());
   }
@@ -99,7 +101,7 @@ PageReader::ContentStream PageReader::FindContent(std::int32_t number) {
 
 PageReader::ContentBytes PageReader::Decode(const ContentStream& stream) {
   if (stream.keys.filters.empty()) {
-    return {source.Budget().Take(stream.bytes.size()) ? stream.bytes : std::string_view(), nullptr};
+    return {stream.bytes, nullptr};
   }
   PdfStreamData data;
   data.nulFollows = true;
@@ -117,7 +119,7 @@ PageReader::ContentBytes PageReader::DecodeContent(const ContentStream& stream) 
   if (!stream.isKeepable) return Decode(stream);
   const auto known = keptContents.find(stream.number);
   if (known != keptContents.end()) return DecodeAgain(known->second);
-  KeptContent kept = {stream, source.Budget()};
+  KeptContent kept = {stream};
   ContentBytes content = Decode(stream);
   KeepContent(std::move(kept), content.text.size());
   return content;
@@ -129,15 +131,13 @@ PageReader::ContentBytes PageReader::DecodeAgain(KeptContent& kept) {
     return *kept.content;
   }
   const PdfNotes::Recording recording(source.Notes());
-  const PdfWorkBudget budget = std::exchange(source.Budget(), kept.budget);
   kept.content = Decode(kept.stream);
-  source.Budget() = budget;
   kept.notes = recording.Taken();
   return *kept.content;
 }
 
 void PageReader::KeepContent(KeptContent kept, std::size_t bytes) {
-  if (keptBytes + bytes > support::limits::kPdfKeptContentBytes) {
+  if (keptBytes + bytes > kKeptBytes) {
     keptContents.clear();
     keptBytes = 0;
   }
@@ -153,13 +153,13 @@ support::BlockText PageReader::ContentText(const std::vector<std::int32_t>& numb
   for (const std::int32_t number : numbers) streams.push_back(FindContent(number));
   if (streams.size() == 1) {
     const ContentBytes content = DecodeContent(streams.front());
-    return source.Budget().Take(content.text.size()) ? NormaliseContentText(content.text)
-                                                     : support::BlockText();
+    support::SpendWork(content.text.size());
+    return NormaliseContentText(content.text);
   }
   std::string joined;
   for (const ContentStream& stream : streams) {
     const ContentBytes content = DecodeContent(stream);
-    if (!source.Budget().Take(2 * content.text.size())) return {};
+    support::SpendWork(2 * content.text.size());
     joined += content.text;
   }
   return NormaliseContentText(joined);

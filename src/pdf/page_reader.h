@@ -20,8 +20,8 @@ class PageReader {
  public:
   explicit PageReader(PdfDocument& document) : source(document), resourceReader(source) {}
 
-  /// All pages in the order of the page tree, until the budget is used up. Throws `std::out_of_range` where
-  /// an object or a content text breaks off.
+  /// All pages in the order of the page tree; one that the account of the read refuses has what it drew
+  /// before. Throws `std::out_of_range` where an object or a content text breaks off.
   std::vector<PDF_Page> ReadAll(std::int32_t catalog);
 
  private:
@@ -40,15 +40,14 @@ class PageReader {
   };
 
   /// Most streams belong to one page. The text is kept when another one asks for it, and comes out as it did
-  /// the first time, without being charged again.
+  /// the first time.
   struct KeptContent {
     ContentStream stream;
-    PdfWorkBudget budget;  ///< as the first decoding found it
     std::optional<ContentBytes> content = {};
     std::string notes = {};
   };
 
-  PDF_Page ReadPage(std::int32_t number);
+  void ReadPage(std::int32_t number, PDF_Page& page);
   void ReadResources(PdfTokens& tokens, std::size_t& index, PageResources& resources);
   ContentStream FindContent(std::int32_t number);
   ContentBytes Decode(const ContentStream& stream);

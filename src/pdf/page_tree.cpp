@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pdf/token_walk.h"
+#include "support/account.h"
 #include "support/limits.h"
 #include "support/text_to_number.h"
 
@@ -10,9 +11,14 @@ namespace pdf {
 
 namespace {
 
+/// Work of visiting a kid of a page node, for which no byte of the file may stand.
+constexpr std::uint64_t kKidWork = 256;
+
 class PageWalker {
  public:
   explicit PageWalker(ObjectSource& objects) : source(objects) {}
+
+  void WalkCatalog(std::int32_t number);
 
   /// False where the object is no node, which is how a page is told.
   bool WalkPageNode(std::int32_t number);
@@ -26,6 +32,14 @@ class PageWalker {
   ObjectSource& source;
   std::vector<std::int32_t> ancestors;
 };
+
+void PageWalker::WalkCatalog(std::int32_t number) {
+  const auto object = source.Fetch(number);
+  const PdfTokens& tokens = object->tokens;
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    if (tokens[i] == "/Pages" && !WalkPageNode(support::AtoI(tokens.at(i + 1)))) break;
+  }
+}
 
 bool PageWalker::WalkPageNode(std::int32_t number) {
   const auto object = source.Fetch(number);
@@ -44,15 +58,15 @@ bool PageWalker::WalkPageNode(std::int32_t number) {
 
 void PageWalker::WalkKids(const PdfTokens& tokens, std::size_t index) {
   for (const std::int32_t kid : ReferencesFrom(tokens, index)) {
+    support::SpendWork(kKidWork);
     if (IsBeyondLimits(kid)) continue;
     WalkPageNode(kid);
-    if (pages.size() < support::limits::kPdfPages) pages.push_back(kid);
+    pages.push_back(kid);
   }
 }
 
 bool PageWalker::IsBeyondLimits(std::int32_t kid) const {
-  return source.Budget().Left() == 0 || ancestors.size() >= support::limits::kPdfPageTreeDepth ||
-         pages.size() >= support::limits::kPdfPages ||
+  return ancestors.size() >= support::limits::kPdfPageTreeDepth ||
          std::find(ancestors.begin(), ancestors.end(), kid) != ancestors.end();
 }
 
@@ -60,11 +74,7 @@ bool PageWalker::IsBeyondLimits(std::int32_t kid) const {
 
 std::vector<std::int32_t> ListPages(ObjectSource& source, std::int32_t catalog) {
   PageWalker walker(source);
-  const auto object = source.Fetch(catalog);
-  const PdfTokens& tokens = object->tokens;
-  for (std::size_t i = 0; i < tokens.size(); ++i) {
-    if (tokens[i] == "/Pages" && !walker.WalkPageNode(support::AtoI(tokens.at(i + 1)))) break;
-  }
+  support::RunItem([&] { walker.WalkCatalog(catalog); });
   return std::move(walker.pages);
 }
 

@@ -1,10 +1,10 @@
 #include "pdf/pdf_rw.h"
 
 #include <utility>
-#include <variant>
 
 #include "pdf/page_conversion.h"
 #include "pdf/page_reader.h"
+#include "support/account.h"
 #include "support/broken_pipe_guard.h"
 
 PDF_RW::~PDF_RW() { PDF_RW::ResetReader(); }
@@ -45,14 +45,11 @@ void PDF_RW::WritePages(PARSE::Context context) {
                                   page.mediaBox[3] * k};
     sink->SetPage(&rect, context);
     WriteEntities(page, context);
-    page.entities = {};
   }
 }
 
-void PDF_RW::WriteEntities(const pdf::PDF_Page& page, PARSE::Context context) {
-  for (const pdf::PDF_Entity& entity : page.entities) {
-    std::visit([&](const auto& record) { WriteRecord(record, context); }, entity);
-  }
+void PDF_RW::WriteEntities(pdf::PDF_Page& page, PARSE::Context context) {
+  page.entities.Consume([&](const auto& record) { support::RunItem([&] { WriteRecord(record, context); }); });
 }
 
 void PDF_RW::WriteRecord(const pdf::PDF_PagePath& record, PARSE::Context context) {

@@ -27,7 +27,7 @@ class PDF_RW : public PARSE::DrawLoader {
 
  private:
   void WritePages(PARSE::Context context);
-  void WriteEntities(const pdf::PDF_Page& page, PARSE::Context context);
+  void WriteEntities(pdf::PDF_Page& page, PARSE::Context context);
   void WriteRecord(const pdf::PDF_PagePath& record, PARSE::Context context);
   void WriteRecord(const pdf::PDF_PageText& record, PARSE::Context context);
   void WriteRecord(const pdf::PDF_PageImage& record, PARSE::Context context);

@@ -2,6 +2,7 @@
 
 #include "pdf/font_reader.h"
 #include "pdf/token_walk.h"
+#include "support/account.h"
 #include "support/text_to_number.h"
 
 namespace pdf {
@@ -10,6 +11,9 @@ namespace {
 
 using support::AtoF;
 using support::AtoI;
+
+/// Work of an entry that was read before.
+constexpr std::uint64_t kEntryWork = 512;
 
 bool IsName(std::string_view token) { return !token.empty() && token.front() == '/'; }
 
@@ -64,7 +68,10 @@ void ResourceReader::ReadKey(const PdfTokens& tokens, std::size_t& index, PageRe
   const std::size_t end = EndOfValue(tokens, index + 1);
   for (index += 2; index < end; ++index) {
     if (!IsName(tokens[index]) || index + 1 == end) continue;
-    if (source.Budget().Left() == 0 || !ReadEntry(key, tokens, index, resources)) break;
+    bool goesOn = true;
+    support::SpendWork(kEntryWork);
+    support::RunItem([&] { goesOn = ReadEntry(key, tokens, index, resources); });
+    if (!goesOn) break;
     index = EndOfValue(tokens, index + 1);
   }
   index = end;

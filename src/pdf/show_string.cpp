@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "dxf/codepages/double_byte.h"
-#include "support/limits.h"
+#include "support/account.h"
 #include "support/text_to_number.h"
 
 namespace pdf {
@@ -62,13 +62,13 @@ std::optional<std::string> DecodeShowString(std::string_view line, const PdfFont
 
 std::optional<std::string> DecodeShowArray(std::string_view line, const PdfFont& font) {
   std::string text;
-  std::size_t room = line.size() * support::limits::kPdfShownMultiple;
   for (std::size_t at = 1; at < line.size() && line[at] != ']'; ++at) {
     if (line[at] != '>' && line[at] != ')') continue;
     const bool hex = line[at] == '>';
     const std::string_view piece = BehindLast(line.substr(0, at), hex ? '<' : '(');
-    if (piece.size() > room) return text;
-    room -= piece.size();
+    // A closing bracket takes the text back to the last opening one: a line of nothing else shows its start
+    // over and over.
+    support::SpendWork(piece.size());
     if (!hex) {
       text += piece;
     } else if (!AppendHexText(piece, font, text)) {

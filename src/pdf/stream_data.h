@@ -29,13 +29,13 @@ struct PdfStreamData {
 
 /// Runs `data.input` through its filter. Throws `std::out_of_range` where `length` exceeds the input and
 /// where LZW or run length data break off, and `std::runtime_error` where JPEG 2000 data cannot be read.
-/// Where the budget is used up there is no output, and `length` is 0. Kept: with two or more filters the
+/// Throws `support::BeyondAllowance`. Kept: with two or more filters the
 /// bytes stay as they are, and an image becomes white. Of the filters only run length ever reads the NUL that
 /// may follow: an LZW text cannot end in it, since the code that ends the text is odd.
-void DecodeStream(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget);
+void DecodeStream(PdfStreamData& data, PdfNotes& notes);
 
 /// The loop over the filter names.
-void DecodeFilter(PdfStreamData& data, PdfNotes& notes, PdfWorkBudget& budget);
+void DecodeFilter(PdfStreamData& data, PdfNotes& notes);
 
 /// Whether an image may have this size at all: no negative side, and not beyond the limit of pixels.
 bool IsAllowedImageSize(std::int32_t width, std::int32_t height);

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "pdf/content_text.h"
+#include "pdf/shared_reads.h"
 #include "pdf/token_walk.h"
+#include "support/account.h"
 #include "support/text_to_number.h"
 
 namespace pdf {
@@ -47,12 +49,12 @@ void ReadMatrix(const PdfTokens& tokens, std::size_t& index, PdfForm& form) {
 
 /// The form's text behind a line that sets its matrix. It is normalised twice: once where a form is read, and
 /// once where a text is run.
-std::string PrepareContent(const PdfForm& form, const PdfStreamData& data, PdfWorkBudget& budget) {
+std::string PrepareContent(const PdfForm& form, const PdfStreamData& data) {
   std::string text;
   for (const std::string& number : form.matrix) text += number + " ";
   text += "cm\n";
   AppendDecoded(data, text);
-  if (!budget.Take(2 * text.size())) return {};
+  support::SpendWork(2 * text.size());
   return std::string(NormaliseContentText(NormaliseContentText(text).View()).View());
 }
 
@@ -69,20 +71,26 @@ std::shared_ptr<const PdfForm> ReadForm(ObjectSource& source, const PdfTokens& t
   }
   PdfStreamData data;
   source.Decode(stream, keys, data);
-  form.content = PrepareContent(form, data, source.Budget());
+  form.content = PrepareContent(form, data);
   return std::make_shared<const PdfForm>(std::move(form));
 }
 
 }  // namespace
 
 bool ReadXObject(ObjectSource& source, std::int32_t objectNumber, PdfXObject& xobject) {
-  const auto [object, stream] = source.FetchStream(objectNumber);
-  const PdfTokens& tokens = object->tokens;
+  const PdfFetchedStream fetched = source.FetchStream(objectNumber);
+  const std::string_view stream = fetched.stream;
+  const PdfTokens& tokens = fetched.object->tokens;
+  // A subtype that is named again gives the same once more.
+  SharedReads<PdfImage> images;
+  SharedReads<PdfForm> forms;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     if (tokens[i] != "/Subtype") continue;
     const std::string_view subtype = tokens.at(++i);
-    if (subtype == "/Image") xobject = {ReadImage(source, tokens, stream), nullptr};
-    if (subtype == "/Form") xobject = {nullptr, ReadForm(source, tokens, stream)};
+    if (subtype == "/Image")
+      xobject = {images.Get(source.Reader(), 0, [&] { return ReadImage(source, tokens, stream); }), nullptr};
+    if (subtype == "/Form")
+      xobject = {nullptr, forms.Get(source.Reader(), 0, [&] { return ReadForm(source, tokens, stream); })};
   }
   return !tokens.empty();
 }

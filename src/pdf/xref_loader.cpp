@@ -3,6 +3,7 @@
 #include "pdf/stream_data.h"
 #include "pdf/xref_stream.h"
 #include "pdf/xref_table.h"
+#include "support/account.h"
 #include "support/limits.h"
 #include "support/text_to_number.h"
 
@@ -12,7 +13,8 @@ namespace {
 
 using support::AtoI;
 
-constexpr std::size_t kTokenFactor = 8;
+/// Work of reading a section besides its text.
+constexpr std::uint64_t kSectionWork = 4096;
 
 /// Takes the array at `tokens[bracket]`, which is "[".
 void ReadNumbers(const PdfTokens& tokens, std::size_t bracket, std::vector<std::int32_t>& numbers) {
@@ -22,13 +24,16 @@ void ReadNumbers(const PdfTokens& tokens, std::size_t bracket, std::vector<std::
 }  // namespace
 
 std::int32_t PdfXrefLoader::ReadSection(std::int32_t offset) {
-  if (sectionsRead >= support::limits::kPdfXrefSections) return 0;
   if (beingRead.size() >= static_cast<std::size_t>(support::limits::kPdfXrefDepth)) return 0;
+  // Reading the section that was merged last once more would merge the same entries.
+  if (offset == lastMerged) return 0;
+  support::SpendWork(kSectionWork);
   if (!beingRead.insert(offset).second) return 0;
-  ++sectionsRead;
   reader.Seek(offset);
-  const std::int32_t catalog = ReadText();
+  std::int32_t catalog = 0;
+  support::RunItem([&] { catalog = ReadText(); });
   beingRead.erase(offset);
+  lastMerged = offset;
   return catalog;
 }
 
@@ -36,9 +41,6 @@ std::int32_t PdfXrefLoader::ReadText() {
   reader.ReadUntil("%%EOF");
   const std::string_view text = reader.text;
   const std::size_t trailer = text.find("trailer");
-  // The tokens of this section are kept while the older ones are read, and take several times its text.
-  const std::size_t keyBytes = trailer == std::string_view::npos ? text.size() : text.size() - trailer;
-  if (!reader.budget.Take(keyBytes * kTokenFactor)) return 0;
   return trailer == std::string_view::npos ? ReadStreamSection(text) : ReadTableSection(text, trailer);
 }
 
@@ -85,7 +87,7 @@ std::int32_t PdfXrefLoader::ReadStreamSection(std::string_view text) {
     }
   }
   if (layout.index.empty() && size != 0) layout.index = {0, size};
-  DecodeStream(data, reader.notes, reader.budget);
+  DecodeStream(data, reader.notes);
   ParseXrefStream(reader, data.decoded, layout, section);
   return catalog;
 }

@@ -2,6 +2,7 @@
 #define DRAWLOAD_PDF_XREF_LOADER_H
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 
@@ -17,7 +18,7 @@ class PdfXrefLoader {
   PdfXrefLoader(PdfFileReader& fileReader, PdfXrefSection& merged) : reader(fileReader), section(merged) {}
 
   /// Reads the section at `offset`; returns its catalog's object number, or 0 where it names none. A section
-  /// that is being read already, and those beyond the limits of depth and number, are skipped.
+  /// that is being read already, and those beyond the limit of depth, are skipped.
   std::int32_t ReadSection(std::int32_t offset);
 
  private:
@@ -28,7 +29,7 @@ class PdfXrefLoader {
   PdfFileReader& reader;
   PdfXrefSection& section;
   std::unordered_set<std::int32_t> beingRead;  ///< offsets
-  int sectionsRead = 0;
+  std::optional<std::int32_t> lastMerged;      ///< offset of the section whose entries were merged last
 };
 
 }  // namespace pdf

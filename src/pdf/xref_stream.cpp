@@ -4,6 +4,8 @@
 #include <limits>
 #include <unordered_set>
 
+#include "support/account.h"
+
 namespace pdf {
 
 namespace {
@@ -101,6 +103,8 @@ void TakeRow(const Row& row, const PdfXrefLayout& layout, std::uint32_t number, 
   const std::uint64_t type = TakeField(row, place, layout.widths[0]);
   const std::uint64_t value = TakeField(row, place, layout.widths[1]);
   if (type > 2) return;
+  // An entry without a place is as good as none, so a few bytes cannot ask for millions of them.
+  if (type < 2 && CutToI32(value) == 0 && !section.entries.contains(number)) return;
   PdfXrefEntry& entry = section.entries[number];
   entry.free = type == 0;
   entry.inObjectStream = type == 2;
@@ -130,7 +134,9 @@ bool ParseXrefStream(PdfFileReader& reader, std::string_view decoded, const PdfX
     const Row& row = rowReader.Next(decoded.substr(i * (rowSize + 1), rowSize + 1));
     TakeRow(row, layout, numbers.Next(), section, objectStreams);
   }
-  for (const std::int32_t number : objectStreams.Numbers()) ExpandObjectStream(reader, section, number);
+  for (const std::int32_t number : objectStreams.Numbers()) {
+    support::RunItem([&] { ExpandObjectStream(reader, section, number); });
+  }
   return true;
 }
 

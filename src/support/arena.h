@@ -33,6 +33,9 @@ class Arena {
     return Allocate(sizeof(Object));
   }
 
+  /// Takes back the last `bytes` bytes, or a little fewer, of the piece handed out last.
+  void TakeBack(std::size_t bytes) { free -= bytes / kAlignment * kAlignment; }
+
   /// Frees the chunks in front of the one that `piece` lies in: nobody may use what was handed out before it.
   void FreeBefore(const void* piece) {
     while (!chunks.front().Holds(piece)) chunks.erase(chunks.begin());

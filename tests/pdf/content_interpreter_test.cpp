@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "pdf/interpret.h"
+#include "support/account.h"
 #include "support/limits.h"
 
 namespace {
@@ -39,12 +40,11 @@ TEST(ContentState, ALineThatStartsWithSaveSetsItsMatrixBeforeItSaves) {
   EXPECT_THAT(run.Segments(), ElementsAre(Move(2, 9), Line(2, 9)));
 }
 
-TEST(ContentState, SavesBeyondTheLimitAreCountedSoThatRestoresStillMatch) {
+TEST(ContentState, RestoresMatchAnyNumberOfSaves) {
   std::string text = "1 0 0 1 3 0 cm\n";
-  const std::size_t extra = 5;
-  for (std::size_t i = 0; i < support::limits::kPdfSavedStates + extra; ++i) text += "q\n";
+  for (int i = 0; i < 20'000; ++i) text += "q\n";
   text += "1 0 0 1 9 0 cm\n";
-  for (std::size_t i = 0; i < support::limits::kPdfSavedStates + extra; ++i) text += "Q\n";
+  for (int i = 0; i < 20'000; ++i) text += "Q\n";
   const Interpret run = Interpret().Run(text + kLine);
   EXPECT_THAT(run.Segments(), ElementsAre(Move(3, 0), Line(4, 1)));
 }
@@ -626,23 +626,24 @@ TEST(ContentForm, ThatRunsItselfEndsAtTheLimitOfDepth) {
   EXPECT_EQ(run.Count(), static_cast<std::size_t>(support::limits::kPdfFormDepth));
 }
 
-TEST(ContentForm, ThatRunsItselfTwiceEndsWithTheBudget) {
+TEST(ContentForm, ThatRunsItselfTwiceEndsWithTheWorkOfTheRead) {
   Interpret run = Interpret().WithForm("/Fm", "/Fm Do\n/Fm Do\n");
-  pdf::PdfWorkBudget budget(0);
-  ASSERT_TRUE(budget.Take(budget.Left() - 100000));
-  pdf::ContentInterpreter(run.resources, budget, run.page).Run("/Fm Do\n");
-  EXPECT_EQ(budget.Left(), 0U);
+  support::Account account({.held = 1 << 20, .working = 1 << 20, .work = 1 << 20});
+  const support::AccountScope scope(account);
+  EXPECT_FALSE(support::RunItem([&] { run.Run("/Fm Do\n"); }));
+  EXPECT_LE(account.Spent(), (1U << 20) / 2);
 }
 
-TEST(ContentBudget, StopsAPathThatDoesNotEnd) {
-  Interpret run;
-  pdf::PdfWorkBudget budget(0);
-  ASSERT_TRUE(budget.Take(budget.Left() - 10000));
-  std::string text = "0 0 m\n";
-  for (int i = 0; i < 1000; ++i) text += "h\n";
-  pdf::ContentInterpreter(run.resources, budget, run.page).Run(text + "S\n");
-  EXPECT_EQ(run.Count(), 0U);
-  EXPECT_EQ(budget.Left(), 0U);
+TEST(ContentForm, BeyondTheMemoryKeepsWhatItDrewAndTheRestOfThePage) {
+  std::string form = kLine;
+  for (int i = 0; i < 100'000; ++i) form += "q\n";
+  Interpret run = Interpret().WithForm("/Fm", form + kLine);
+  support::Account account({.held = 1 << 20, .working = 1 << 20, .work = 1 << 30});
+  const support::AccountScope scope(account);
+  run.Run(std::string("/Fm Do\n1 0 0 1 5 5 cm\n") + kLine);
+  EXPECT_EQ(account.Cuts(), 1U);
+  ASSERT_EQ(run.Count(), 2U);
+  EXPECT_THAT(run.Segments(1), ElementsAre(Move(5, 5), Line(6, 6)));
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ TEST(DamagedPdf, TheWholeFileYieldsItsEntities) {
   const std::vector<pdf::PDF_Page> pages = PagesOf(SmallFile());
   ASSERT_EQ(pages.size(), 1U);
   // The shading, two texts, the image, the form's rectangle, and the stroke.
-  EXPECT_EQ(pages[0].entities.size(), 6U);
+  EXPECT_EQ(pages[0].entities.Size(), 6U);
 }
 
 TEST(DamagedPdf, EveryPrefixIsSurvived) {

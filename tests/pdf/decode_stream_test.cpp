@@ -5,6 +5,7 @@
 
 #include "pdf/pdf_maker.h"
 #include "pdf/stream_data.h"
+#include "support/account.h"
 #include "support/limits.h"
 
 using namespace std::string_literals;
@@ -42,10 +43,9 @@ struct Decoded {
 
   void Run() {
     pdf::PdfNotes notes;
-    pdf::PdfWorkBudget budget(0);
     testing::internal::CaptureStdout();
     try {
-      DecodeStream(data, notes, budget);
+      DecodeStream(data, notes);
     } catch (...) {
       testing::internal::GetCapturedStdout();
       throw;
@@ -65,8 +65,7 @@ TEST(DecodeStream, TakesTheFirstLengthBytesWithoutFilter) {
   data.length = 4;
   data.decoded = "x";
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(0);
-  DecodeStream(data, notes, budget);
+  DecodeStream(data, notes);
   EXPECT_EQ(data.decoded, "xabcd");
   EXPECT_EQ(data.length, 4U);
 }
@@ -77,8 +76,7 @@ TEST(DecodeStream, FailsForALengthBeyondTheData) {
   data.length = 4;
   data.filters = {"/Unknown"};
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(0);
-  EXPECT_THROW(DecodeStream(data, notes, budget), std::out_of_range);
+  EXPECT_THROW(DecodeStream(data, notes), std::out_of_range);
 }
 
 TEST(DecodeStream, CountsTheComponentsOfAnUnfilteredImage) {
@@ -106,7 +104,8 @@ TEST(DecodeStream, MakesAnImageWithTwoFiltersWhite) {
   const Decoded image({"/ASCII85Decode", "/DCTDecode"}, "abc", {3, 2});
   EXPECT_EQ(image.data.components, 1);
   EXPECT_EQ(image.data.length, 6U);
-  EXPECT_EQ(image.data.imagePlane, Plane(6, 255));
+  EXPECT_EQ(image.data.length, 6U);
+  EXPECT_TRUE(image.data.imagePlane.empty()) << "pixels without bytes are white";
   EXPECT_EQ(image.output, "");
 }
 
@@ -243,7 +242,8 @@ TEST(DecodeStream, FillsFaxAndJbig2AndJpegImagesWithWhite) {
       {"/CCITTFaxDecode", "CCITTFaxDecode\n"}, {"/JBIG2Decode", "JBIG2Decode\n"}, {"/DCTDecode", ""}};
   for (const auto& [name, note] : filters) {
     const Decoded image({name}, "abc", {3, 2});
-    EXPECT_EQ(image.data.imagePlane, Plane(6, 255)) << name;
+    EXPECT_EQ(image.data.length, 6U) << name;
+    EXPECT_TRUE(image.data.imagePlane.empty()) << "pixels without bytes are white";
     EXPECT_EQ(image.data.components, 1);
     EXPECT_EQ(image.data.length, 6U);
     EXPECT_EQ(image.output, note);
@@ -253,7 +253,7 @@ TEST(DecodeStream, FillsFaxAndJbig2AndJpegImagesWithWhite) {
 
 TEST(DecodeStream, DropsImagesOfAbsurdSize) {
   for (const ImageSize size : {ImageSize{-1, 5}, ImageSize{5, -1}, ImageSize{-3, -3},
-                               ImageSize{2147483647, 2147483647}, ImageSize{1 << 14, (1 << 13) + 1}}) {
+                               ImageSize{2147483647, 2147483647}, ImageSize{1 << 16, (1 << 15) + 1}}) {
     for (const Names& filters : {Names{}, Names{"/DCTDecode"}, Names{"/FlateDecode"}, Names{"/A", "/B"}}) {
       const Decoded image(filters, "abc", size);
       EXPECT_TRUE(image.data.imagePlane.empty());
@@ -261,22 +261,20 @@ TEST(DecodeStream, DropsImagesOfAbsurdSize) {
     }
     EXPECT_FALSE(pdf::IsAllowedImageSize(size.width, size.height));
   }
-  EXPECT_TRUE(pdf::IsAllowedImageSize(1 << 14, 1 << 13));
+  EXPECT_TRUE(pdf::IsAllowedImageSize(1 << 16, 1 << 15));
   EXPECT_TRUE(pdf::IsAllowedImageSize(0, 2147483647));
 }
 
-TEST(DecodeStream, HasNoOutputWhereTheBudgetIsUsedUp) {
-  const std::string bytes = PdfMaker::Deflate(std::string(1000, 'a'));
+TEST(DecodeStream, ThrowsWhereTheOutputIsBeyondTheAccount) {
+  const std::string bytes = PdfMaker::Deflate(std::string(1 << 20, 'a'));
   PdfStreamData data;
   data.filters = {"/FlateDecode"};
   data.input = bytes;
   data.length = static_cast<std::uint32_t>(bytes.size());
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(0);
-  budget.Take(budget.Left() - 500);
-  DecodeStream(data, notes, budget);
-  EXPECT_EQ(data.decoded, "");
-  EXPECT_EQ(data.length, 0U);
+  support::Account account({.held = 1 << 20, .working = 1 << 20, .work = 1 << 30});
+  const support::AccountScope scope(account);
+  EXPECT_THROW(DecodeStream(data, notes), support::MemoryUsedUp);
 }
 
 TEST(DecodeFilter, AppendsTheOutputToTheInputBetweenFiltersAndNotesIt) {
@@ -287,9 +285,8 @@ TEST(DecodeFilter, AppendsTheOutputToTheInputBetweenFiltersAndNotesIt) {
       "41\x80";
   data.length = 4;
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(0);
   testing::internal::CaptureStdout();
-  DecodeFilter(data, notes, budget);
+  DecodeFilter(data, notes);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "级联过滤器\n");
   // The second filter finds the first one's input before its output.
   EXPECT_EQ(data.decoded, "A\0"s + "41");
@@ -301,7 +298,6 @@ TEST(DecodeFilter, EndsAtAnUnknownName) {
   data.input = "41";
   data.length = 2;
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(0);
-  DecodeFilter(data, notes, budget);
+  DecodeFilter(data, notes);
   EXPECT_EQ(data.decoded, "");
 }

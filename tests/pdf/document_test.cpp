@@ -254,7 +254,7 @@ TEST(PdfDocument, ReadsACrossReferenceStreamAndItsObjectStreams) {
   EXPECT_EQ(opened.Object(1), "<< /A 1 >>");
   EXPECT_EQ(opened.Object(2), "<< /B 2 >>");
   EXPECT_EQ(opened.Object(3).substr(0, 7), "3 0 obj");
-  EXPECT_TRUE(opened.document.section.entries[0].free);
+  EXPECT_FALSE(opened.document.section.entries.contains(0)) << "an entry without a place is none";
 }
 
 TEST(PdfDocument, ReadsAnIndexAndPrefersItToTheSize) {

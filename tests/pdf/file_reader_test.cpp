@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "support/account.h"
+
 using pdf::PdfFileReader;
 using pdf::PdfTokens;
 
@@ -125,20 +127,4 @@ TEST(ReadObject, ReadsFromThePositionForANegativeOffset) {
   reader.ReadObject(0);
   EXPECT_EQ(reader.ReadObject(-1)->text, "\n2\nendobj");
   EXPECT_EQ(reader.ReadObject(-1)->text, "\n3\nendobj");
-}
-
-TEST(ReadObject, EndsWithEmptyTextsWhereTheBudgetIsUsedUp) {
-  PdfFileReader reader("1 endobj 2 endobj");
-  reader.budget.Take(reader.budget.Left() - 72);  // reading costs 8, rewriting eight times as much
-  EXPECT_EQ(reader.ReadObject(0)->text, "1\nendobj");
-  EXPECT_EQ(reader.ReadObject(8)->text, "");
-  EXPECT_EQ(reader.ReadObject(0)->text, "1\nendobj") << "what was read stays";
-}
-
-TEST(PdfWorkBudget, IsAMultipleOfTheFileAndEndsForGood) {
-  pdf::PdfWorkBudget budget(10);
-  EXPECT_EQ(budget.Left(), support::limits::kPdfWorkBase + 10 * support::limits::kPdfWorkPerByte);
-  EXPECT_TRUE(budget.Take(100));
-  EXPECT_FALSE(budget.Take(budget.Left() + 1));
-  EXPECT_FALSE(budget.Take(1));
 }

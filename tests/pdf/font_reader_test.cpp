@@ -140,24 +140,24 @@ void ExpectDescendant(const pdf::PdfCIDFont& font) {
 TEST(DescendantFont, IsReadByReference) {
   PdfBuilder file;
   const int font = file.Add(kDescendant);
-  ExpectDescendant(FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont);
-  ExpectDescendant(FontIn(file, "<< /DescendantFonts " + PdfBuilder::Reference(font) + " >>").cidFont);
+  ExpectDescendant(*FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont);
+  ExpectDescendant(*FontIn(file, "<< /DescendantFonts " + PdfBuilder::Reference(font) + " >>").cidFont);
 }
 
 TEST(DescendantFont, IsReadThroughAnArrayInAnObjectOfItsOwn) {
   PdfBuilder file;
   const int font = file.Add(kDescendant);
   const int array = file.Add("[ " + PdfBuilder::Reference(font) + " ]");
-  ExpectDescendant(FontIn(file, "<< /DescendantFonts " + PdfBuilder::Reference(array) + " >>").cidFont);
+  ExpectDescendant(*FontIn(file, "<< /DescendantFonts " + PdfBuilder::Reference(array) + " >>").cidFont);
 }
 
 TEST(DescendantFont, WrittenInlineEndsAtTheFirstBracket) {
   PdfBuilder file;
   const pdf::PdfFont font = FontIn(
       file, "<< /DescendantFonts [ << /Subtype /CIDFontType0 /DW 7 /DW2 [ 1 2 ] /BaseFont /Late >> ] >>");
-  EXPECT_EQ(font.cidFont.subtype, "/CIDFontType0");
-  EXPECT_EQ(font.cidFont.defaultWidth, 7);
-  EXPECT_EQ(font.cidFont.baseFont, "");
+  EXPECT_EQ(font.cidFont->subtype, "/CIDFontType0");
+  EXPECT_EQ(font.cidFont->defaultWidth, 7);
+  EXPECT_EQ(font.cidFont->baseFont, "");
 }
 
 TEST(DescendantFont, KeysBehindItAreStillRead) {
@@ -182,7 +182,7 @@ TEST(DescendantFont, WidthsMayStandInAnObjectOfTheirOwn) {
   const int widths = file.Add("[ 5 6 700 ]");
   const int font =
       file.Add("<< /Type /Font /Subtype /CIDFontType2 /W " + PdfBuilder::Reference(widths) + " >>");
-  EXPECT_THAT(FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont.widths,
+  EXPECT_THAT(FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont->widths,
               ElementsAre(pdf::PdfWidthRange{5, 6, 700}));
 }
 
@@ -190,7 +190,7 @@ TEST(DescendantFont, IsReadOnAfterItsWidths) {
   PdfBuilder file;
   const int font = file.Add("<< /DW 700 /W [ 1 [ /DW 9 ] 4 5 600 ] /Subtype /CIDFontType2 >>");
   const pdf::PdfCIDFont read =
-      FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont;
+      *FontIn(file, "<< /DescendantFonts [ " + PdfBuilder::Reference(font) + " ] >>").cidFont;
   EXPECT_EQ(read.defaultWidth, 700);
   EXPECT_EQ(read.subtype, "/CIDFontType2");
 }
@@ -206,8 +206,7 @@ TEST(FontDescriptor, IsReadKeyByKey) {
       "R >>");
   OpenPdf opened(file.BuildPages({}));
   pdf::ObjectSource source(opened.document);
-  pdf::PdfFontDescriptor read;
-  pdf::ReadFontDescriptor(source, descriptor, read);
+  const pdf::PdfFontDescriptor read = *pdf::ReadFontDescriptor(source, descriptor);
   EXPECT_EQ(read.type, "/FontDescriptor");
   EXPECT_EQ(read.fontName, "/Song");
   EXPECT_EQ(read.fontFamily, "(S)");
@@ -229,6 +228,20 @@ TEST(FontDescriptor, IsReadKeyByKey) {
   EXPECT_EQ(read.characterSet, "(abc)");
 }
 
+TEST(DescendantFont, IsReadOnceForAllFontsThatNameIt) {
+  PdfBuilder file;
+  const int font = file.Add("<< /Subtype /CIDFontType2 /W2 [ 1 [ 2 3 4 ] ] >>");
+  OpenPdf opened(file.BuildPages({}));
+  pdf::ObjectSource source(opened.document);
+  const std::string text = "/DescendantFonts\n[\n" + std::to_string(font) + "\n0\nR\n]";
+  pdf::PdfFont one;
+  pdf::PdfFont other;
+  ReadFont(source, pdf::Split(text, '\n'), one);
+  ReadFont(source, pdf::Split(text, '\n'), other);
+  EXPECT_EQ(one.cidFont, other.cidFont);
+  EXPECT_EQ(one.cidFont->subtype, "/CIDFontType2");
+}
+
 TEST(FontDescriptor, AFontProgramIsDroppedButMustHaveItsLength) {
   for (const bool whole : {true, false}) {
     PdfBuilder file;
@@ -236,12 +249,10 @@ TEST(FontDescriptor, AFontProgramIsDroppedButMustHaveItsLength) {
     const int descriptor = file.Add("<< /FontFile2 " + PdfBuilder::Reference(program) + " /Flags 4 >>");
     OpenPdf opened(file.BuildPages({}));
     pdf::ObjectSource source(opened.document);
-    pdf::PdfFontDescriptor read;
     if (whole) {
-      pdf::ReadFontDescriptor(source, descriptor, read);
-      EXPECT_EQ(read.flags, 4);
+      EXPECT_EQ(pdf::ReadFontDescriptor(source, descriptor)->flags, 4);
     } else {
-      EXPECT_THROW(pdf::ReadFontDescriptor(source, descriptor, read), std::out_of_range);
+      EXPECT_THROW(pdf::ReadFontDescriptor(source, descriptor), std::out_of_range);
     }
   }
 }

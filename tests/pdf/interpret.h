@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "pdf/content_interpreter.h"
+#include "pdf/page_entities.h"
 
 /// Runs content texts, already in lines, on a page of 100 by 200 units.
 class Interpret {
@@ -15,8 +16,7 @@ class Interpret {
 
   /// Runs `lines` from a fresh state; entities add up.
   Interpret& Run(std::string_view lines) {
-    pdf::PdfWorkBudget budget(lines.size());
-    pdf::ContentInterpreter(resources, budget, page).Run(lines);
+    pdf::ContentInterpreter(resources, page).Run(lines);
     return *this;
   }
 
@@ -57,21 +57,15 @@ class Interpret {
     return *this;
   }
 
-  std::size_t Count() const { return page.entities.size(); }
-  const pdf::PDF_PagePath& Path(std::size_t index = 0) const {
-    return std::get<pdf::PDF_PagePath>(page.entities.at(index));
-  }
+  std::size_t Count() const { return page.entities.Size(); }
+  pdf::PDF_PagePath Path(std::size_t index = 0) const { return EntityOf<pdf::PDF_PagePath>(page, index); }
   pdf::PdfPathData Segments(std::size_t index = 0) const {
     pdf::PdfPathData segments;
     Path(index).path.ForEach([&](const pdf::PdfPathSegment& segment) { segments.push_back(segment); });
     return segments;
   }
-  const pdf::PDF_PageText& Text(std::size_t index = 0) const {
-    return std::get<pdf::PDF_PageText>(page.entities.at(index));
-  }
-  const pdf::PDF_PageImage& Image(std::size_t index = 0) const {
-    return std::get<pdf::PDF_PageImage>(page.entities.at(index));
-  }
+  pdf::PDF_PageText Text(std::size_t index = 0) const { return EntityOf<pdf::PDF_PageText>(page, index); }
+  pdf::PDF_PageImage Image(std::size_t index = 0) const { return EntityOf<pdf::PDF_PageImage>(page, index); }
 
   pdf::PageResources resources;
   pdf::PDF_Page page;

@@ -7,6 +7,7 @@
 
 #include "pdf/jpeg2000_maker.h"
 #include "pdf/stream_data.h"
+#include "support/account.h"
 
 namespace {
 
@@ -18,10 +19,7 @@ Jpeg2000Maker ThreeComponents() {
   return maker;
 }
 
-bool DecodeJpeg2000(std::string_view bytes, Plane& plane) {
-  pdf::PdfWorkBudget budget(bytes.size());
-  return pdf::DecodeJpeg2000(bytes, budget, plane);
-}
+bool DecodeJpeg2000(std::string_view bytes, Plane& plane) { return pdf::DecodeJpeg2000(bytes, plane); }
 
 const Plane kThreeComponents{1, 10, 100, 2, 20, 150, 3, 30, 200, 4, 40, 250};
 
@@ -245,11 +243,11 @@ TEST(Jpeg2000, PaysForPicturesThatAreNotDelivered) {
   BlackPicture picture;
   picture.components = 4;
   const std::string bytes = picture.Make();
-  pdf::PdfWorkBudget budget(bytes.size());
-  const std::uint64_t before = budget.Left();
+  support::Account account;
+  const support::AccountScope scope(account);
   Plane plane;
-  EXPECT_FALSE(pdf::DecodeJpeg2000(bytes, budget, plane));
-  EXPECT_EQ(before - budget.Left(), 4 * 64 * 64);
+  EXPECT_FALSE(DecodeJpeg2000(bytes, plane));
+  EXPECT_GE(account.Spent(), 4 * 64 * 64);
 }
 
 TEST(Jpeg2000, FailsForAWidthOfMinusOne) {
@@ -268,8 +266,7 @@ TEST(DecodeStream, LeavesTheSizeOfAJpxImageToTheDictionary) {
   data.width = 7;
   data.height = 5;
   pdf::PdfNotes notes;
-  pdf::PdfWorkBudget budget(0);
-  DecodeStream(data, notes, budget);
+  DecodeStream(data, notes);
   EXPECT_EQ(data.imagePlane, kThreeComponents);
   EXPECT_EQ(data.components, 3);
   EXPECT_EQ(data.width, 7);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "pdf/document.h"
+#include "pdf/page_entities.h"
 #include "pdf/page_reader.h"
 #include "pdf/pdf_builder.h"
 
@@ -31,7 +32,7 @@ inline std::vector<pdf::PDF_Page> PagesOf(const std::string& fileBytes) { return
 /// The texts shown on a page, in order.
 inline std::vector<std::string> TextsOf(const pdf::PDF_Page& page) {
   std::vector<std::string> texts;
-  for (const pdf::PDF_Entity& entity : page.entities) {
+  for (const PageEntity& entity : EntitiesOf(page)) {
     if (const auto* text = std::get_if<pdf::PDF_PageText>(&entity)) texts.push_back(text->text);
   }
   return texts;

@@ -14,7 +14,8 @@ using testing::ElementsAre;
 constexpr double k = 0.35277777777777775;
 
 pdf::PDF_PagePath PathOf(const pdf::PdfPathData& segments) {
-  return {pdf::PdfPackedPath(segments, nullptr), {}, pdf::kStroke};
+  static support::Arena memory;
+  return {pdf::PdfPackedPath(segments, memory), {}, pdf::kStroke};
 }
 
 Entity_ZR::ZR_Path Converted(const pdf::PDF_PagePath& source) {

@@ -189,8 +189,8 @@ TEST(SharedReads, DoNotKeepAnObjectThatIsReadAtTheCurrentPosition) {
   file.Stream(5, "/F1 9 Tf\n(a) Tj\n");
   file.ObjectAt(6, -1);
   const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(1));
-  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(0).entities.at(0)).font->name, "Arial");
-  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(1).entities.at(0)).font->name, "Courier");
+  EXPECT_EQ(EntityOf<pdf::PDF_PageText>(pages.at(0), 0).font->name, "Arial");
+  EXPECT_EQ(EntityOf<pdf::PDF_PageText>(pages.at(1), 0).font->name, "Courier");
 }
 
 TEST(SharedReads, LeaveThePositionWhereASecondReadingWould) {
@@ -206,8 +206,8 @@ TEST(SharedReads, LeaveThePositionWhereASecondReadingWould) {
   file.Stream(5, "/F2 9 Tf\n(a) Tj\n");
   file.ObjectAt(7, -1);
   const std::vector<pdf::PDF_Page> pages = PagesOf(file.Build(1));
-  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(0).entities.at(0)).font->name, "Courier");
-  EXPECT_EQ(std::get<pdf::PDF_PageText>(pages.at(1).entities.at(0)).font->name, "Courier");
+  EXPECT_EQ(EntityOf<pdf::PDF_PageText>(pages.at(0), 0).font->name, "Courier");
+  EXPECT_EQ(EntityOf<pdf::PDF_PageText>(pages.at(1), 0).font->name, "Courier");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "pdf/to_unicode.h"
+#include "support/account.h"
 
 namespace {
 
@@ -90,9 +91,11 @@ TEST(ShowArray, OneUnpairedSurrogateGivesNothingAtAll) {
 
 TEST(ShowArray, OfEmptyLineIsEmpty) { EXPECT_EQ(DecodeShowArray("", PdfFont()), ""); }
 
-TEST(ShowArray, ThatRepeatsItselfOverAndOverStaysInProportion) {
+TEST(ShowArray, ThatRepeatsItselfOverAndOverEndsWithTheAccount) {
   const std::string line = "[(" + std::string(20000, ')') + "] TJ";
-  EXPECT_LE(DecodeShowArray(line, PdfFont())->size(), 16 * line.size());
+  support::Account account({.held = 1 << 20, .working = 1 << 20, .work = 1 << 30});
+  const support::AccountScope scope(account);
+  EXPECT_THROW(DecodeShowArray(line, PdfFont()), support::MemoryUsedUp);
 }
 
 // The expected characters were worked out with another program's GBK table: the pair that stands as many

@@ -72,14 +72,13 @@ TEST(ImageXObject, InCmykHasItsBytesTurned) {
 TEST(ImageXObject, OfAJpegIsWhite) {
   const auto image = Image("jpeg", "/Filter /DCTDecode /Width 3 /Height 2 /ColorSpace /DeviceRGB").image;
   EXPECT_EQ(image->components, 1);
-  EXPECT_THAT(image->Bytes(), SizeIs(6));
-  EXPECT_THAT(image->Bytes(), Each(0xFF));
+  EXPECT_THAT(image->Bytes(), IsEmpty()) << "pixels without bytes are white";
 }
 
 TEST(ImageXObject, WithTwoFiltersIsWhite) {
   const auto image = Image("x", "/Filter [ /ASCII85Decode /FlateDecode ] /Width 3 /Height 2").image;
-  EXPECT_THAT(image->Bytes(), SizeIs(6));
-  EXPECT_THAT(image->Bytes(), Each(0xFF));
+  EXPECT_EQ(image->components, 1);
+  EXPECT_THAT(image->Bytes(), IsEmpty()) << "pixels without bytes are white";
 }
 
 TEST(ImageXObject, MasksHaveNoEffect) {

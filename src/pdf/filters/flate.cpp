@@ -5,6 +5,7 @@
 #include <new>
 #include <zlib.h>
 
+#include "support/account.h"
 #include "support/system_memory.h"
 
 namespace pdf {
@@ -47,7 +48,7 @@ void Reserve(std::string& output, std::size_t bytes) {
 }
 
 /// Inflates into the end of `output`.
-FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& output) {
+FlateResult Run(std::string_view input, std::string& output) {
   Inflater inflater;
   z_stream& zlib = inflater.zlib;
   if (!inflater.ready) return FlateResult::kOutOfMemory;
@@ -55,12 +56,11 @@ FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& outp
   std::size_t taken = 0;
   std::size_t filled = start;
   int code = Z_OK;
-  const std::size_t usual = std::min(std::max(kLeastRoom, kUsualGrowth * input.size()), mostBytes) + 1;
+  const std::size_t usual = std::max(kLeastRoom, kUsualGrowth * input.size());
   const std::size_t step = std::min(usual, kMostZeroed);
   Reserve(output, usual);
   while (code == Z_OK) {
-    if (filled - start > mostBytes) return FlateResult::kTooLong;
-    if (filled == output.size()) output.resize(filled + std::min(step, mostBytes - (filled - start) + 1));
+    if (filled == output.size()) output.resize(filled + step);
     zlib.next_in = reinterpret_cast<z_const Bytef*>(const_cast<char*>(input.data())) + taken;
     zlib.avail_in = Portion(input.size() - taken);
     zlib.next_out = reinterpret_cast<Bytef*>(output.data()) + filled;
@@ -71,18 +71,19 @@ FlateResult Run(std::string_view input, std::size_t mostBytes, std::string& outp
     taken += inputPortion - zlib.avail_in;
     filled += outputPortion - zlib.avail_out;
   }
-  const bool isTooLong = filled - start > mostBytes;
   output.resize(filled);
-  return isTooLong ? FlateResult::kTooLong : ResultOf(code);
+  return ResultOf(code);
 }
 
 }  // namespace
 
-FlateResult Inflate(std::string_view input, std::size_t mostBytes, std::string& output) {
+FlateResult Inflate(std::string_view input, std::string& output) {
   const std::size_t before = output.size();
   FlateResult result = FlateResult::kOutOfMemory;
   try {
-    result = Run(input, mostBytes, output);
+    result = Run(input, output);
+  } catch (const support::BeyondAllowance&) {
+    throw;
   } catch (const std::bad_alloc&) {
     result = FlateResult::kOutOfMemory;
   }

@@ -7,12 +7,12 @@
 
 namespace pdf {
 
-enum class FlateResult { kComplete, kCorrupt, kOutOfMemory, kTooLong };
+enum class FlateResult { kComplete, kCorrupt, kOutOfMemory };
 
 /// Appends what `input` inflates to. Bytes behind the end of the compressed data are ignored; data that break
-/// off are corrupt. `output` stays as it was unless the result is complete; too long means more than
-/// `mostBytes`.
-FlateResult Inflate(std::string_view input, std::size_t mostBytes, std::string& output);
+/// off are corrupt. `output` stays as it was unless the result is complete. Throws
+/// `support::BeyondAllowance`.
+FlateResult Inflate(std::string_view input, std::string& output);
 
 }  // namespace pdf
 

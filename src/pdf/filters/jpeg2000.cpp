@@ -9,6 +9,7 @@
 
 #include "pdf/cx_file.h"
 #include "pdf/filters/jpeg2000_claims.h"
+#include "support/account.h"
 #include "support/limits.h"
 #include "support/spare_memory.h"
 
@@ -83,8 +84,16 @@ Stream MakeStream(CxFile& file) {
   return stream;
 }
 
+/// Work of decoding a sample.
+constexpr std::uint64_t kWorkPerSample = 50;
+
 std::uint64_t SamplesOf(const opj_image_t& image) {
   return std::uint64_t{image.x1 - image.x0} * (image.y1 - image.y0) * image.numcomps;
+}
+
+/// What the decoder holds for the picture: a 32-bit number for each sample of the picture and of its tiles.
+std::uint64_t BytesFor(const opj_image_t& image, const Jpeg2000Claims& claims) {
+  return 2 * sizeof(OPJ_INT32) * SamplesOf(image) + claims.TableBytes();
 }
 
 /// Whether the header's claims are within the limits, checked before anything of that size is allocated.
@@ -93,10 +102,9 @@ bool IsWithinLimits(const opj_image_t& image, const Jpeg2000Claims& claims, std:
   const std::uint64_t height = image.y1 - image.y0;
   const std::uint64_t believable = std::max<std::uint64_t>(
       support::limits::kSmallPicturePixels, inputSize * support::limits::kPicturePixelsPerByte);
-  const std::uint64_t most = std::min<std::uint64_t>(support::limits::kPicturePixels, believable);
-  if (width != 0 && height > most / width) return false;
+  if (width != 0 && height > believable / width) return false;
   const std::uint64_t samples = width * height * std::max(image.numcomps, claims.PaletteChannels());
-  return samples <= 3 * most && claims.AllowPicture(inputSize);
+  return samples <= 3 * believable && claims.AllowPicture(inputSize);
 }
 
 /// Whether the decoder will find the memory for the picture. It does not survive a failure of its own small
@@ -108,8 +116,8 @@ bool HasMemoryFor(const opj_image_t& image) {
   return support::HasSpareMemory(kTables + kBytesPerSample * pixels * image.numcomps);
 }
 
-/// The picture with its pixels; null where it is beyond the limits or its samples beyond the budget.
-Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::string_view input, PdfWorkBudget& budget) {
+/// The picture with its pixels; null where it claims more than its bytes can hold.
+Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::string_view input) {
   const Jpeg2000Claims claims(input);
   if (!claims.AllowHeader()) return {nullptr, opj_image_destroy};
   opj_image_t* header = nullptr;
@@ -118,9 +126,9 @@ Image ReadPicture(opj_codec_t* codec, opj_stream_t* stream, std::string_view inp
   if (!isRead || !image || image->numcomps == 0) Fail("error: cannot load image data");
   if (image->numcomps > kMostComponents) Fail("error: too many components");
   if (image->comps[0].dx == 1 && image->x1 - image->x0 == 0xFFFFFFFF) Fail("output dimensions returned");
-  if (!IsWithinLimits(*image, claims, input.size()) || !budget.Take(SamplesOf(*image))) {
-    return {nullptr, opj_image_destroy};
-  }
+  if (!IsWithinLimits(*image, claims, input.size())) return {nullptr, opj_image_destroy};
+  support::SpendWork(kWorkPerSample * SamplesOf(*image));
+  const support::HeldElsewhere held(BytesFor(*image, claims));
   if (!HasMemoryFor(*image)) Fail("error: cannot allocate memory");
   if (!opj_decode(codec, stream, image.get()) || !opj_end_decompress(codec, stream)) {
     Fail("error: cannot load image data");
@@ -158,15 +166,17 @@ void AppendPixels(const opj_image_t& image, std::vector<std::uint8_t>& plane) {
 
 }  // namespace
 
-bool DecodeJpeg2000(std::string_view input, PdfWorkBudget& budget, std::vector<std::uint8_t>& plane) {
+bool DecodeJpeg2000(std::string_view input, std::vector<std::uint8_t>& plane) {
   CxIOFile file;
   if (!file.OpenBytes(input)) Fail("error: cannot open standard input");
   const Stream stream = MakeStream(file);
   const Codec codec = MakeCodec(FormatOf(input));
-  const Image image = ReadPicture(codec.get(), stream.get(), input, budget);
+  const Image image = ReadPicture(codec.get(), stream.get(), input);
   if (!image || !IsDelivered(*image)) return false;
   try {
     AppendPixels(*image, plane);
+  } catch (const support::BeyondAllowance&) {
+    throw;
   } catch (const std::bad_alloc&) {
     Fail("error: cannot allocate memory");
   }

@@ -5,15 +5,14 @@
 #include <string_view>
 #include <vector>
 
-#include "pdf/work_budget.h"
-
 namespace pdf {
 
 /// Appends the pixels of a JPEG 2000 picture (a JP2 file or a bare codestream) to `plane`, three bytes each,
 /// and returns true. Only pictures of exactly three components of one origin, size and step are delivered;
-/// for all others, and for those beyond the limits of pictures or the budget, which pays for every sample, it
-/// returns false and leaves `plane` as it was. Throws `std::runtime_error` where the picture cannot be read.
-bool DecodeJpeg2000(std::string_view input, PdfWorkBudget& budget, std::vector<std::uint8_t>& plane);
+/// for all others, and for those whose header claims more than their bytes can hold, it returns false and
+/// leaves `plane` as it was. Throws `std::runtime_error` where the picture cannot be read, and
+/// `support::BeyondAllowance`.
+bool DecodeJpeg2000(std::string_view input, std::vector<std::uint8_t>& plane);
 
 }  // namespace pdf
 

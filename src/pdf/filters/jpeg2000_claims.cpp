@@ -127,12 +127,19 @@ bool Jpeg2000Claims::AllowHeader() const {
          static_cast<double>(support::limits::kJpeg2000TableBytes);
 }
 
+double Jpeg2000Claims::PictureTableBytes() const {
+  return Precincts() * kPrecinctBytes + components * x.Blocks() * y.Blocks() * kBlockBytes;
+}
+
+std::uint64_t Jpeg2000Claims::TableBytes() const {
+  return static_cast<std::uint64_t>(std::min(PictureTableBytes(), 1e18));
+}
+
 bool Jpeg2000Claims::AllowPicture(std::size_t inputSize) const {
   const double packets = Precincts() * layers;
-  const double tableBytes = Precincts() * kPrecinctBytes + components * x.Blocks() * y.Blocks() * kBlockBytes;
   return packets <= static_cast<double>(support::limits::kJpeg2000Packets +
                                         support::limits::kJpeg2000PacketsPerByte * inputSize) &&
-         tableBytes <= static_cast<double>(support::limits::kJpeg2000TableBytes);
+         PictureTableBytes() <= static_cast<double>(support::limits::kJpeg2000TableBytes);
 }
 
 }  // namespace pdf

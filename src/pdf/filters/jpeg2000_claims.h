@@ -20,6 +20,9 @@ class Jpeg2000Claims {
   /// Whether it may decode the picture of a file of `inputSize` bytes.
   bool AllowPicture(std::size_t inputSize) const;
 
+  /// What OpenJPEG allocates for the precincts and code blocks of the picture.
+  std::uint64_t TableBytes() const;
+
   /// Channels of the palette; 0 where there is none.
   std::uint32_t PaletteChannels() const { return paletteChannels; }
 
@@ -38,6 +41,7 @@ class Jpeg2000Claims {
   void TakeCodingStyle(std::string_view segment);
   void TakeComponentStyle(std::string_view segment);
   bool TakeBlocks(bool hasPrecincts, std::string_view fields);
+  double PictureTableBytes() const;
   double Precincts() const;
 
   Axis x;

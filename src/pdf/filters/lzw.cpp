@@ -58,7 +58,7 @@ void PdfLzwDecoder::AddEntry(const Place& place) {
   if (nextFree == 2047) width = 12;
 }
 
-std::optional<std::string> PdfLzwDecoder::Decode(std::size_t mostBytes) {
+std::string PdfLzwDecoder::Decode() {
   bool cleared = false;
   for (std::uint32_t code = ReadCode(); code != kEnd; code = ReadCode()) {
     if (code == kClear) {
@@ -70,7 +70,6 @@ std::optional<std::string> PdfLzwDecoder::Decode(std::size_t mostBytes) {
     } else {
       AppendNext(code);
     }
-    if (output.size() > mostBytes) return std::nullopt;
   }
   return std::move(output);
 }

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,9 +16,8 @@ class PdfLzwDecoder {
  public:
   explicit PdfLzwDecoder(std::string_view encoded) : input(encoded) {}
 
-  /// The decoded bytes; nothing where there are more than `mostBytes`. Throws `std::out_of_range` where the
-  /// data end before the code that ends them.
-  std::optional<std::string> Decode(std::size_t mostBytes);
+  /// The decoded bytes. Throws `std::out_of_range` where the data end before the code that ends them.
+  std::string Decode();
 
  private:
   /// A string of the table: where it stands in the output.

@@ -5,7 +5,7 @@
 
 namespace pdf {
 
-std::optional<std::string> DecodeRunLength(std::string_view input, std::size_t mostBytes, bool nulFollows) {
+std::string DecodeRunLength(std::string_view input, bool nulFollows) {
   std::string output;
   std::size_t index = 0;
   while (index + 1 < input.size()) {
@@ -21,7 +21,6 @@ std::optional<std::string> DecodeRunLength(std::string_view input, std::size_t m
       output.append(257 - std::size_t{length}, input[index + 1]);
       index += 2;
     }
-    if (output.size() > mostBytes) return std::nullopt;
   }
   return output;
 }
