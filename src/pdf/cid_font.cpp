@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "pdf/font_reader.h"
+#include "pdf/shared_reads.h"
 #include "pdf/token_walk.h"
 #include "support/text_to_number.h"
 
@@ -39,17 +40,30 @@ void ReadWidths(const PdfTokens& tokens, std::size_t& index, PdfCIDFont& font) {
   }
 }
 
-/// Reads /W, inline or as a reference, behind the key at `index`.
-void ReadWidthsKey(ObjectSource& source, const PdfTokens& tokens, std::size_t& index, PdfCIDFont& font) {
-  font.widths.clear();
-  if (tokens.at(++index) == "[") {
-    ReadWidths(tokens, index, font);
-    return;
-  }
-  const auto object = source.Fetch(AtoI(tokens[index]));
+/// The objects of widths that a font named: nothing draws with widths, so each is looked at once.
+using SharedWidths = SharedReads<std::vector<PdfWidthRange>>;
+
+void ReadWidthsOf(ObjectSource& source, std::int32_t objectNumber, PdfCIDFont& font) {
+  const auto object = source.Fetch(objectNumber);
   const auto bracket = std::find(object->tokens.begin(), object->tokens.end(), "[");
   auto start = static_cast<std::size_t>(bracket - object->tokens.begin());
   if (bracket != object->tokens.end()) ReadWidths(object->tokens, start, font);
+}
+
+/// Reads /W, inline or as a reference, after the key at `index`. The last one counts.
+void ReadWidthsKey(ObjectSource& source, const PdfTokens& tokens, std::size_t& index, SharedWidths& shared,
+                   PdfCIDFont& font) {
+  if (tokens.at(++index) == "[") {
+    font.widths.clear();
+    ReadWidths(tokens, index, font);
+    return;
+  }
+  const std::int32_t number = AtoI(tokens[index]);
+  shared.Get(source.Reader(), number, [&] {
+    font.widths.clear();
+    ReadWidthsOf(source, number, font);
+    return nullptr;
+  });
 }
 
 /// Appends the tokens of the array behind the key at `index`; nothing where there is no array.
@@ -134,6 +148,7 @@ void ReadDescriptorTokens(ObjectSource& source, const PdfTokens& tokens, PdfFont
 
 PdfCIDFont ReadCIDFont(ObjectSource& source, const PdfTokens& tokens) {
   PdfCIDFont font;
+  SharedWidths widths;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const std::string_view key = tokens[i];
     if (key == "/Type")
@@ -152,7 +167,7 @@ PdfCIDFont ReadCIDFont(ObjectSource& source, const PdfTokens& tokens) {
       if (tokens.at(i + 1) == "[")
         font.defaultVerticalMetrics = {AtoI(tokens.at(i + 2)), AtoI(tokens.at(i + 3))};
     } else if (key == "/W")
-      ReadWidthsKey(source, tokens, i, font);
+      ReadWidthsKey(source, tokens, i, widths, font);
     else if (key == "/W2")
       ReadVerticalWidths(tokens, i, font);
     else if (key == "/CIDToGIDMap")

@@ -70,7 +70,7 @@ struct PdfCIDFont {
   std::shared_ptr<const PdfFontDescriptor> descriptor;
   std::int32_t defaultWidth = 0;
   std::array<std::int32_t, 2> defaultVerticalMetrics{};
-  std::vector<PdfWidthRange> widths;  ///< of the last /W
+  std::vector<PdfWidthRange> widths;  ///< of the last /W that was not read before
   std::vector<std::string> verticalWidths;
   std::string cidToGidMap;
 };

@@ -15,6 +15,9 @@ namespace {
 
 using support::AtoI;
 
+/// Work of reading a page besides what it names.
+constexpr std::uint64_t kPageWork = 8192;
+
 /// Decoded content streams that are kept for other pages that name them.
 constexpr std::size_t kKeptBytes = std::size_t{64} << 20;
 
@@ -41,15 +44,14 @@ void ReadContentsKey(const PdfTokens& tokens, std::size_t& index, std::vector<st
 
 }  // namespace
 
-std::vector<PDF_Page> PageReader::ReadAll(std::int32_t catalog) {
-  std::vector<PDF_Page> pages;
+void PageReader::ReadAll(std::int32_t catalog, std::vector<PDF_Page>& pages) {
   for (const std::int32_t number : ListPages(source, catalog)) {
     support::RunItem([&] {
       pages.push_back({.entities = PDF_PageEntities(pageMemory)});
+      support::SpendWork(kPageWork);
       ReadPage(number, pages.back());
     });
   }
-  return pages;
 }
 
 void PageReader::ReadPage(std::int32_t number, PDF_Page& page) {

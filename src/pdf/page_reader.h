@@ -20,9 +20,9 @@ class PageReader {
  public:
   explicit PageReader(PdfDocument& document) : source(document), resourceReader(source) {}
 
-  /// All pages in the order of the page tree; one that the account of the read refuses has what it drew
-  /// before. Throws `std::out_of_range` where an object or a content text breaks off.
-  std::vector<PDF_Page> ReadAll(std::int32_t catalog);
+  /// Appends all pages in the order of the page tree; one that the account of the read refuses has what it
+  /// drew before. Throws `std::out_of_range` where an object or a content text breaks off.
+  void ReadAll(std::int32_t catalog, std::vector<PDF_Page>& pages);
 
  private:
   /// A content stream as it was found; decoded when all of a page's streams are found.

@@ -12,7 +12,7 @@ namespace pdf {
 namespace {
 
 /// Work of visiting a kid of a page node, for which no byte of the file may stand.
-constexpr std::uint64_t kKidWork = 256;
+constexpr std::uint64_t kKidWork = 2048;
 
 class PageWalker {
  public:

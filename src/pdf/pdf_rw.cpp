@@ -24,9 +24,13 @@ bool PDF_RW::Read(const std::string& filePath, PARSE::Context context) {
   ResetReader();
   sink->BeginFile(context);
   document = std::make_unique<pdf::PdfDocument>(name);
-  const bool opened = document->Open();
+  bool opened = false;
+  // One item, so that half of the work is left for what the pages become.
+  support::RunItem([&] {
+    opened = document->Open();
+    if (opened) pdf::PageReader(*document).ReadAll(document->catalog, pages);
+  });
   if (opened) {
-    pages = pdf::PageReader(*document).ReadAll(document->catalog);
     path = name;
     version = document->version;
   }

@@ -63,10 +63,20 @@ AccountItem::~AccountItem() {
   if (account != nullptr && isOutermost) account->isWithinItem = false;
 }
 
+bool AccountItem::MayRun() noexcept {
+  if (account == nullptr || !isOutermost || account->spent < account->allowance.work) return true;
+  ++account->cuts;
+  return false;
+}
+
 void AccountItem::CountCut() {
   if (account == nullptr) return;
   ++account->cuts;
-  if (!isOutermost) account->Spend(kCutWork);
+  if (isOutermost) {
+    account->spent = std::min(account->spent + kCutWork, account->allowance.work);
+  } else {
+    account->Spend(kCutWork);
+  }
 }
 
 }  // namespace support

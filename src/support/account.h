@@ -138,8 +138,10 @@ class AccountItem {
   ~AccountItem();
 
   bool IsOutermost() const { return isOutermost; }
-  /// Counts that the item ended early and, within another item, the work of noticing that: so a loop of items
-  /// that are all refused has an end. Throws `WorkUsedUp`.
+  /// False where no work at all is left for the item, which is counted as a cut.
+  bool MayRun() noexcept;
+  /// Counts that the item ended early, and the work of noticing that: so a loop of items that are all refused
+  /// has an end. Throws `WorkUsedUp` within another item.
   void CountCut();
 
  private:
@@ -152,6 +154,7 @@ class AccountItem {
 template <typename Item>
 bool RunItem(Item&& item) {
   AccountItem guard(Account::Current());
+  if (!guard.MayRun()) return false;
   try {
     std::forward<Item>(item)();
     return true;

@@ -31,7 +31,8 @@ std::string SmallFile() {
 void ReadWithoutAsking(const std::string& bytes) {
   try {
     pdf::PdfDocument document("damaged.pdf");
-    if (document.OpenBytes(bytes)) pdf::PageReader(document).ReadAll(document.catalog);
+    std::vector<pdf::PDF_Page> pages;
+    if (document.OpenBytes(bytes)) pdf::PageReader(document).ReadAll(document.catalog, pages);
   } catch (const std::exception&) {
     // The one way in which a damaged file may end: the C functions catch it.
   } catch (const char*) {

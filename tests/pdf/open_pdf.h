@@ -21,7 +21,11 @@ class OpenPdf {
   OpenPdf(const OpenPdf&) = delete;
   OpenPdf& operator=(const OpenPdf&) = delete;
 
-  std::vector<pdf::PDF_Page> Pages() { return pdf::PageReader(document).ReadAll(document.catalog); }
+  std::vector<pdf::PDF_Page> Pages() {
+    std::vector<pdf::PDF_Page> pages;
+    pdf::PageReader(document).ReadAll(document.catalog, pages);
+    return pages;
+  }
 
   std::string bytes;
   pdf::PdfDocument document;

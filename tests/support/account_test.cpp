@@ -162,6 +162,24 @@ TEST(AccountItem, EndsALoopOfRefusedItemsBecauseRefusalsAreWork) {
   }));
 }
 
+TEST(AccountItem, RunsNothingAtAllWhereNoWorkIsLeft) {
+  Account account(Granted(1000, 1000, 1'000'000));
+  const AccountScope scope(account);
+  account.Spend(1'000'000);
+  bool wasReached = false;
+  EXPECT_FALSE(support::RunItem([&] { wasReached = true; }));
+  EXPECT_FALSE(wasReached);
+  EXPECT_EQ(account.Cuts(), 1u);
+}
+
+TEST(AccountItem, CountsRefusalsOfOutermostItemsAsWork) {
+  Account account(Granted(1000, 1000, 1'000'000));
+  const AccountScope scope(account);
+  for (int i = 0; i < 1000; ++i) support::RunItem([] { const std::vector<char> tooMuch(2000); });
+  EXPECT_EQ(account.Spent(), 1'000'000u);
+  EXPECT_EQ(account.Cuts(), 1000u);
+}
+
 TEST(AccountItem, LetsOtherFailuresThrough) {
   EXPECT_THROW(support::RunItem([] { throw std::bad_alloc(); }), std::bad_alloc);
 }
