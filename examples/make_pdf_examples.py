@@ -31,62 +31,91 @@ class Document:
         tree = self.add(f"<< /Type /Pages /Kids [ {kids} ] /Count {len(pages)} >>")
         return self.add(f"<< /Type /Catalog /Pages {tree} 0 R >>")
 
-    def with_table(self, catalog):
+    def with_table(self, catalog, **options):
         """The file, with a cross-reference table."""
-        parts = [b"%PDF-1.4\n% An example drawing of drawload\n"]
-        offsets = []
-        for number, body in enumerate(self.objects, 1):
-            offsets.append(sum(map(len, parts)))
-            parts.append(b"%d 0 obj\n%s\nendobj\n" % (number, body))
-        start = sum(map(len, parts))
-        count = len(self.objects) + 1
-        parts.append(b"xref\n0 %d\n0000000000 65535 f \n" % count)
-        parts += [b"%010d 00000 n \n" % offset for offset in offsets]
-        parts.append(b"trailer\n<< /Size %d /Root %d 0 R >>\nstartxref\n%d\n%%%%EOF\n" % (count, catalog, start))
-        return b"".join(parts)
+        return file_with_table(dict(enumerate(self.objects, 1)), catalog, **options)
 
     def with_streams(self, catalog):
         """The file, with all objects that are no streams in an object stream, and a cross-reference stream."""
-        packed = [number for number, body in enumerate(self.objects, 1) if b"stream\n" not in body]
-        container = len(self.objects) + 1
-        table = container + 1
-        bodies = [self.objects[number - 1] + b" " for number in packed]
-        places = [sum(map(len, bodies[:i])) for i in range(len(bodies))]
-        head = " ".join(f"{number} {place}" for number, place in zip(packed, places)).encode() + b" "
-        data = zlib.compress(head + b"".join(bodies), 9)
-        keys = f"<< /Type /ObjStm /N {len(packed)} /First {len(head)} /Filter /FlateDecode /Length {len(data)} >>"
         objects = dict(enumerate(self.objects, 1))
-        objects[container] = keys.encode() + b"\nstream\n" + data + b"\nendstream"
-        parts = [b"%PDF-1.5\n% An example drawing of drawload\n"]
-        offsets = {}
-        for number, body in objects.items():
-            if number in packed:
-                continue
-            offsets[number] = sum(map(len, parts))
-            parts.append(b"%d 0 obj\n%s\nendobj\n" % (number, body))
-        start = sum(map(len, parts))
-        offsets[table] = start
-        rows = [(0, 0, 65535)]
-        for number in range(1, table + 1):
-            in_stream = number in packed
-            rows.append((2, container, packed.index(number)) if in_stream else (1, offsets[number], 0))
-        rows = [bytes([kind]) + place.to_bytes(3, "big") + extra.to_bytes(2, "big") for kind, place, extra in rows]
-        data = zlib.compress(predicted(rows), 9)
-        keys = (f"<< /Type /XRef /Size {table + 1} /Root {catalog} 0 R /W [ 1 3 2 ] /Filter /FlateDecode "
-                f"/DecodeParms << /Predictor 12 /Columns 6 >> /Length {len(data)} >>")
-        parts.append(b"%d 0 obj\n%s\nstream\n%s\nendstream\nendobj\n" % (table, keys.encode(), data))
-        parts.append(b"startxref\n%d\n%%%%EOF\n" % start)
-        return b"".join(parts)
+        return file_with_streams(objects, catalog, {number for number, body in objects.items() if b"stream\n" not in body})
+
+
+HEAD = b"% An example drawing of drawload\n"
+
+
+def body_of(head, objects):
+    """The first part of a file, and where in it each object begins."""
+    parts = [head]
+    length = len(head)
+    offsets = {}
+    for number, body in objects.items():
+        offsets[number] = length
+        parts.append(b"%d 0 obj\n%s\nendobj\n" % (number, body))
+        length += len(parts[-1])
+    return b"".join(parts), offsets
+
+
+def file_with_table(objects, catalog, head=b"%PDF-1.4\n" + HEAD, keys=b" ", sections=0):
+    """A file of numbered objects with a cross-reference table. The trailer has these keys too. Each further section
+    is one that a save without changes adds."""
+    body, offsets = body_of(head, objects)
+    count = max(objects) + 1
+    rows = b"".join(b"%010d 00000 n \n" % offsets[number] if number in offsets else b"0000000000 65535 f \n"
+                    for number in range(1, count))
+    trailer = b"/Size %d /Root %d 0 R%s" % (count, catalog, keys)
+    out = [body, b"xref\n0 %d\n0000000000 65535 f \n%strailer\n<< %s>>\n" % (count, rows, trailer)]
+    start, end = len(body), len(body) + len(out[1])
+    for _ in range(sections):
+        out.append(b"xref\n0 1\n0000000000 65535 f \ntrailer\n<< %s/Prev %d >>\n" % (trailer, start))
+        start, end = end, end + len(out[-1])
+    if sections:
+        out.append(b"%" + b"-" * 256 + b"\n")  # the last bytes name one section only
+    return b"".join(out) + b"startxref\n%d\n%%%%EOF\n" % start
+
+
+def file_with_streams(objects, catalog, packed, head=b"%PDF-1.5\n" + HEAD, table_keys=b" /Type /XRef ",
+                      container_keys=b" /Type /ObjStm ", pairs=b"", rows=0):
+    """A file of numbered objects with a cross-reference stream, and those in `packed` in an object stream. Further
+    pairs of number and offset in the object stream's head, and further rows of zeros, are announced as if they were
+    objects."""
+    packed = {number: index for index, number in enumerate(number for number in objects if number in packed)}
+    container = max(objects) + 1
+    table = container + 1
+    places = {}
+    length = 0
+    for number in packed:
+        places[number] = length
+        length += len(objects[number]) + 1
+    names = b"".join(b"%d %d " % (number, place) for number, place in places.items()) + pairs
+    data = zlib.compress(names + b"".join(objects[number] + b" " for number in packed), 9)
+    plain = {number: body for number, body in objects.items() if number not in places}
+    plain[container] = (b"<<%s/N %d /First %d /Filter /FlateDecode /Length %d >>\nstream\n%s\nendstream" % (
+        container_keys, len(packed) + pairs.count(b" ") // 2, len(names), len(data), data))
+    body, offsets = body_of(head, plain)
+    offsets[table] = start = len(body)
+    entries = [(0, 0, 65535)]
+    for index in range(1, table + 1):
+        if index in places:
+            entries.append((2, container, min(packed[index], 65535)))
+        else:
+            entries.append((1, offsets[index], 0) if index in offsets else (0, 0, 65535))
+    entries = [bytes([kind]) + place.to_bytes(3, "big") + extra.to_bytes(2, "big") for kind, place, extra in entries]
+    data = zlib.compress(predicted(entries) + bytes(7 * rows), 9)
+    keys = b"<<%s/Size %d /Root %d 0 R /W [ 1 3 2 ] /Filter /FlateDecode " % (table_keys, table + 1 + rows, catalog)
+    keys += b"/DecodeParms << /Predictor 12 /Columns 6 >> /Length %d >>" % len(data)
+    body += b"%d 0 obj\n%s\nstream\n%s\nendstream\nendobj\n" % (table, keys, data)
+    return body + b"startxref\n%d\n%%%%EOF\n" % start
 
 
 def predicted(rows):
     """Each row as its difference from the one above, behind the tag of that prediction."""
     above = bytes(len(rows[0]))
-    out = b""
+    out = []
     for row in rows:
-        out += b"\x02" + bytes((a - b) % 256 for a, b in zip(row, above))
+        out.append(b"\x02" + bytes((a - b) % 256 for a, b in zip(row, above)))
         above = row
-    return out
+    return b"".join(out)
 
 
 def circle(x, y, r):

@@ -75,6 +75,13 @@ DXF_BLOCKS = (
     "0|ENDBLK|0|BLOCK|2|pair|10|0|20|0|0|INSERT|5|12|2|part|10|0|20|0|0|INSERT|5|13|2|part|10|9|20|0|41|-2|42|1|50|30|"
     "0|TEXT|5|14|1|in|40|1|0|LINE|5|15|10|0|20|0|11|1|21|1|0|ENDBLK|")
 DXF_INSERTS = "0|INSERT|5|16|8|cut|2|pair|10|20|20|20|41|2|42|2|50|90|70|2|71|3|44|30|45|30|210|0|220|0|230|-1|"
+DXF_NESTED_TABLES = (
+    "0|BLOCK|2|cells|10|0|20|0|0|LINE|8|cut|10|0|20|0|11|4|21|4|0|TEXT|8|cut|10|1|20|2|40|3|1|cell|7|notes|0|ENDBLK|"
+    "0|BLOCK|2|rows|10|0|20|0|0|ACAD_TABLE|8|cut|2|cells|10|0|20|0|91|1|92|1|141|5|142|9|171|1|1|cell|0|ENDBLK|")
+DXF_TABLES_ON_DASHES = (
+    "0|ACAD_TABLE|8|cut|2|rows|10|0|20|0|91|1|92|1|141|5|142|9|171|1|1|cell|0|ACAD_TABLE|8|cut|2|cells|10|9|20|0|"
+    "0|HATCH|8|cut|2|SOLID|70|1|71|0|91|1|92|1|93|4|72|1|10|0|20|0|11|5|21|0|72|1|10|5|20|0|11|5|21|5|"
+    "72|1|10|5|20|5|11|0|21|0|75|0|76|1|98|0|0|MTEXT|8|cut|10|1|20|9|40|2|7|notes|1|{\\fA;}x|")
 DXF_OBJECTS = "0|DICTIONARY|5|9|0|IMAGEDEF|5|F1|1|/nowhere.png|10|4|20|4|280|1|281|2|0|MLINESTYLE|5|F2|2|STANDARD|71|2|49|0|49|1|"
 
 
@@ -88,6 +95,7 @@ def dxf_seeds():
         write("dxf", f"{name}.dxf", dxf(text))
     write("dxf", "others.dxf", dxf(DXF_OTHERS, DXF_BLOCKS, DXF_OBJECTS))
     write("dxf", "inserts.dxf", dxf(DXF_INSERTS, DXF_BLOCKS))
+    write("dxf", "tables.dxf", dxf(DXF_TABLES_ON_DASHES, DXF_NESTED_TABLES))
     write("dxf", "short.dxf", tags("0|SECTION|2|ENTITIES|0|LINE|10|1|11|2|0|ENDSEC|0|EOF|"))
     write("dxf", "windows.dxf", dxf(DXF_CURVES).replace("\n", "\r\n"))
     write("dxf_tags", "all", dxf(DXF_CURVES + DXF_HATCH))
@@ -101,6 +109,7 @@ def dxf_seeds():
             ("stacks", "\\S1/2; \\S+0.1^-0.1; \\S3#4;\\~nbsp"),
             ("paragraphs", "one\\Ptwo\\pi1,l2,r3,t4,5;three\\pxqc,sm1.5;\\N{deep {er} }\\\\ \\{ \\}"),
             ("symbols", "%%d%%c%%p^I^J\\U+2205 \\M+18163"),
+            ("names", "{\\fA;}{\\fB|b1;}\\fC;}x"),
             ("broken", "\\fNo end")):
         write("mtext", name, text)
 
@@ -154,6 +163,11 @@ def svg_seeds():
         '<rect class="a b" width="5" height="5"/><g class="c" style="fill:url(#l);cutSpeed:10"><rect class="a" width="9" height="9"/></g>'
         '<linearGradient id="l" x1="0" x2="1"><stop offset="0%" stop-color="red"/><stop offset="1" style="stop-color:blue"/>'
         '</linearGradient><radialGradient id="r" href="#l" r="50%"/><circle r="5" fill="url(#r)"/>'))
+    write("svg", "gradients.svg", svg(
+        '<linearGradient id="a" style="stop-color:red;stop-opacity:1" x1="0"><stop offset="0" stop-color="red"/></linearGradient>'
+        '<linearGradient id="b" xlink:href="#a" class="k"/><style>.k{fill:red;stroke:blue}</style>'
+        '<rect fill="url(#a)" width="5" height="5"/><circle r="5" style="fill:url(#b);stroke:red"/><a/>'
+        '<linearGradient id="c" style="a:b;"/><rect fill="url(#c)"/>'))
     write("svg", "texts.svg", svg(
         '<text x="5" y="20" font-family="Plate" font-size="10" text-anchor="middle" rotate="5">Ab<tspan dx="2" dy="1" '
         'font-weight="bold">c</tspan> &amp; &#65;</text><flowRoot><flowRegion><rect width="9" height="9"/></flowRegion>flow</flowRoot>'))
@@ -244,6 +258,46 @@ def image_pdf(keys, data):
     return document.with_table(document.add_pages([page]))
 
 
+def composite_pdf():
+    """Fonts whose widths are an object of its own, heights, and a stream whose length is an object."""
+    document = make_pdf_examples.Document()
+    cmap = document.add_stream(b"1 beginbfchar\n<0001> <0041>\nendbfchar\n1 beginbfrange\n<0002> <0009> <0042>\nendbfrange\n",
+                               packed=False)
+    descriptor = document.add("<< /Type /FontDescriptor /FontName /Plate /Flags 4 /FontBBox [ 0 0 9 9 ] >>")
+    widths = document.add("[ 1 [ 500 600 ] 5 9 700 ]")
+    cid = document.add(f"<< /Type /Font /Subtype /CIDFontType2 /BaseFont /Plate /CIDSystemInfo << /Registry (Adobe) /Ordering (GB1) "
+                       f"/Supplement 0 >> /DW 1000 /W {widths} 0 R /DW2 [ 880 -1000 ] /W2 [ 1 [ -500 250 800 ] 5 9 -900 500 880 ] /FontDescriptor {descriptor} 0 R >>")
+    fonts = [document.add(f"<< /Type /Font /Subtype /Type0 /BaseFont /Plate /Encoding /Identity-V /DescendantFonts [ {cid} 0 R ] "
+                          f"/ToUnicode {cmap} 0 R >>") for _ in range(2)]
+    text = b"BT\n/F1 12 Tf\n<00010002> Tj\n/F2 9 Tf\n<0003> Tj\nET\n0 0 m\n9 9 l\nS\n"
+    length = document.add(str(len(text)))
+    content = document.add(b"<< /Length %d 0 R >>\nstream\n%s\nendstream" % (length, text))
+    page = document.add(f"<< /Type /Page /MediaBox [ 0 0 50 50 ] /Resources << /Font << /F1 {fonts[0]} 0 R /F2 {fonts[1]} 0 R >> >> "
+                        f"/Contents {content} 0 R >>")
+    return document.with_table(document.add_pages([page]))
+
+
+def scanned_pdf():
+    """Two scanned pages of a size as scanners have it, whose pixels this library leaves white."""
+    document = make_pdf_examples.Document()
+    content = document.add_stream(b"q\n500 0 0 700 5 5 cm\n/Im1 Do\nQ\n", packed=False)
+    pages = []
+    for _ in range(2):
+        image = document.add_stream(b"\0\1", "/Type /XObject /Subtype /Image /Width 2480 /Height 3508 /BitsPerComponent 1 "
+                                    "/ColorSpace /DeviceGray /Filter /CCITTFaxDecode", packed=False)
+        pages.append(document.add(f"<< /Type /Page /MediaBox [ 0 0 595 842 ] /Resources << /XObject << /Im1 {image} 0 R >> >> "
+                                  f"/Contents {content} 0 R >>"))
+    return document.with_table(document.add_pages(pages))
+
+
+def indexed_pdf():
+    """A cross-reference stream that says which objects its rows are of."""
+    document, catalog = pdf_document()
+    objects = dict(enumerate(document.objects, 1))
+    packed = {number for number, body in objects.items() if b"stream\n" not in body}
+    return make_pdf_examples.file_with_streams(objects, catalog, packed, table_keys=b" /Type /XRef /Index [ 0 %d ] " % (len(objects) + 3))
+
+
 def streamed_pdf():
     """An object stream and a cross-reference stream, both in plain bytes."""
     objects = {1: b"<< /Type /Catalog /Pages 2 0 R >> ", 2: b"<< /Type /Pages /Kids [ 3 0 R ] /Count 1 >> ",
@@ -289,6 +343,9 @@ def pdf_seeds():
     write("pdf", "objects.pdf", document.with_table(catalog))
     write("pdf", "packed.pdf", document.with_streams(catalog))
     write("pdf", "streamed.pdf", streamed_pdf())
+    write("pdf", "composite.pdf", composite_pdf())
+    write("pdf", "scanned.pdf", scanned_pdf())
+    write("pdf", "indexed.pdf", indexed_pdf())
     pixels = bytes(range(4))
     write("pdf", "flate.pdf", image_pdf("/ColorSpace /DeviceGray /Filter /FlateDecode", zlib.compress(pixels)))
     write("pdf", "cmyk.pdf", image_pdf("/ColorSpace /DeviceCMYK /Filter /FlateDecode", zlib.compress(pixels * 4)))
