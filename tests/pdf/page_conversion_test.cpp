@@ -256,6 +256,18 @@ TEST(FontNames, FamiliesOfSeveralPartsAreJoined) {
   EXPECT_EQ(names.Resolve("Arial-Bold+X+Song-Light"), (pdf::ResolvedFont{"Liberation Sans+Song", "Light"}));
 }
 
+TEST(FontNames, SubsetsOfOneFontAreLookedUpOnceHoweverManyThereAre) {
+  int calls = 0;
+  pdf::FontNames names([&calls](const std::string& name) {
+    ++calls;
+    return Fake(name);
+  });
+  for (int i = 0; i < 1500; ++i) {
+    ASSERT_EQ(names.Resolve("P" + std::to_string(i) + "+Arial-Bold").family, "Liberation Sans") << i;
+  }
+  EXPECT_EQ(calls, 1500 + 1);
+}
+
 TEST(FontNames, EachNameIsLookedUpOnce) {
   int calls = 0;
   pdf::FontNames names([&calls](const std::string&) {
