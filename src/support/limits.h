@@ -4,9 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Every bound of the readers, each with its reason. Within the bounds a file behaves exactly as if there
-/// were none; beyond one, the reader stops that item, keeps what it has, and goes on. `docs/limits.md`
-/// tells users the same.
+/// Every bound of the readers, each with its reason: the allowance of the account that counts what a read
+/// holds and does (account.h), nesting that costs stack, and what libraries that take no allocator from us
+/// cannot bear. Within the bounds a file behaves exactly as if there were none; beyond one, the reader stops
+/// that item, keeps what it has, and goes on. docs/limits.md tells users the same.
 namespace support::limits {
 
 /// Divides what a read may do and hold in the fuzzer's build, which takes some twenty times as long for the
@@ -40,9 +41,6 @@ constexpr int kInsertDepth = 100;
 /// Items that a count in a DXF file makes room for before they come; a list that is longer grows as it is
 /// filled. A count may lie, and a file may hold a lying count in each of its entities.
 constexpr std::size_t kReservedByCount = 4096;
-
-/// Pixels of one picture: an A3 sheet at 800 dots per inch. Decoding takes up to 16 bytes for each.
-constexpr std::size_t kPicturePixels = (std::size_t{1} << 27) / kWorkDivisor;
 
 /// Pixels that one byte of a picture file can stand for: one-bit pixels at the best ratio that deflate
 /// reaches (8 · 1032). A header that claims more is lying.
@@ -84,48 +82,19 @@ constexpr int kArcTurns = 1000;
 /// quarter turn added to it may change nothing.
 constexpr double kArcAngle = 1e15;
 
-/// Bytes that the reading of a PDF file may take from the file, decode and rewrite in all: a base that lets
-/// small, highly compressed files through (a page of a million segments is 25 MB of text), and so much for
-/// each byte of the file. Files whose objects overlap or refer to each other over and over would need far
-/// more.
-constexpr std::uint64_t kPdfWorkBase = (std::uint64_t{256} << 20) / kWorkDivisor;
-constexpr std::uint64_t kPdfWorkPerByte = 64;
-
-/// Object texts that are kept for the next fetch. Beyond it they are dropped and read again when needed.
-constexpr std::size_t kPdfKeptObjectBytes = std::size_t{64} << 20;
-
-/// Cross-reference sections of one PDF file and how deep /Prev leads: each save adds one section, and each
-/// level costs stack.
-constexpr int kPdfXrefSections = 4096;
+/// How deep /Prev leads from one cross-reference section of a PDF file to the next: each save adds a section,
+/// and each level costs stack.
 constexpr int kPdfXrefDepth = 512;
 
 /// Nesting of PDF stitching functions. Real ones nest once or twice.
 constexpr int kPdfFunctionDepth = 16;
 
-/// Attempts to inflate one PDF stream that zlib calls corrupt; each one writes its note.
-constexpr int kPdfFlateTries = 3;
-
 /// Nesting of PDF forms within forms. Real pages nest a handful deep; each level costs stack.
 constexpr int kPdfFormDepth = 64;
 
-/// States that one PDF content text may have saved and not yet restored. Real pages stay below a hundred.
-constexpr std::size_t kPdfSavedStates = 10000;
-
-/// Nesting of a PDF page tree, and entries in its list of pages. Trees are shallow (each node has up to some
-/// hundred kids); a few nodes that name each other over and over could make a list without end.
+/// Nesting of a PDF page tree. Trees are shallow (each node has up to some hundred kids); each level costs
+/// stack.
 constexpr int kPdfPageTreeDepth = 256;
-constexpr std::size_t kPdfPages = 250000;
-
-/// Objects that lead from a composite PDF font to its descendant: the font's array may be one of its own.
-constexpr int kPdfDescendantSteps = 16;
-
-/// How often the characters of one PDF text line may be shown in all: a closing bracket takes the text back
-/// to the last opening one, so escaped brackets repeat a little, and a line of nothing else would grow with
-/// the square of its length.
-constexpr std::size_t kPdfShownMultiple = 16;
-
-/// Decoded content streams of a PDF file that are kept for other pages that name them.
-constexpr std::size_t kPdfKeptContentBytes = std::size_t{64} << 20;
 
 /// Knots of a spline, where it is made or its knots are set from outside. Bounds the work on one curve; what
 /// the kernel makes of it may have more.
