@@ -108,11 +108,13 @@ class Forest {
   using Value = std::pair<NumberedArea, std::uint32_t>;
   using Tree = bgi::rtree<Value, bgi::linear<16>>;
 
-  /// What holds nothing may lie in the tree from the beginning.
+  /// What holds nothing may lie in the tree from the beginning. An empty box lies in no outline, and the tree
+  /// takes none.
   std::vector<Value> FixedShapes() const {
     std::vector<Value> values;
     for (std::uint32_t shape = 0; shape < shapes.size(); ++shape) {
-      if (!shapes[shape].isOutline) values.emplace_back(NumberedAreaOf(shapes[shape].bounds, shape), shape);
+      const Box& box = shapes[shape].bounds;
+      if (!shapes[shape].isOutline && !box.IsEmpty()) values.emplace_back(NumberedAreaOf(box, shape), shape);
     }
     return values;
   }
