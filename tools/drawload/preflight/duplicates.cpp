@@ -186,12 +186,23 @@ Carrier Turned(const Carrier& carrier) {
   return {isLess ? carrier.angle + std::numbers::pi : carrier.angle - std::numbers::pi, -carrier.offset};
 }
 
+/// A straight segment of the job. There may be millions: their ends stay where they are.
+struct LineReference {
+  std::uint32_t result = 0;
+  std::uint32_t segment = 0;
+  double length = 0.0;
+};
+
 struct Line {
   Point start;
   Point end;
   double length = 0.0;
-  Entry entry{};
 };
+
+Line LineOf(const Job& job, const LineReference& reference) {
+  const Segment& segment = std::get<Curve>(job.results[reference.result]).segments[reference.segment];
+  return {segment.start, segment.end, reference.length};
+}
 
 /// The part [from, to] of `line`, as distances from its start, that lies on `other`; empty where the two are
 /// not on one line within the tolerance. `other` is at least as long.
@@ -224,26 +235,35 @@ double UnionLength(std::vector<std::pair<double, double>>& ranges) {
 /// Finds straight segments that share a part with longer ones.
 class SharedParts {
  public:
-  SharedParts(std::vector<Line> straightLines, Point middle, double distance)
-      : lines(std::move(straightLines)), origin(middle), tolerance(distance) {}
+  SharedParts(const Job& drawing, const std::vector<std::uint32_t>& layersOfResults,
+              std::vector<LineReference> straightLines, double distance)
+      : job(drawing),
+        layers(layersOfResults),
+        lines(std::move(straightLines)),
+        origin(Middle()),
+        tolerance(distance) {}
 
   bool Find(std::vector<RepeatedSegment>& found) {
-    std::sort(lines.begin(), lines.end(), [](const Line& a, const Line& b) {
+    std::sort(lines.begin(), lines.end(), [](const LineReference& a, const LineReference& b) {
       if (a.length != b.length) return a.length > b.length;
-      return std::pair(a.entry.result, a.entry.segment) < std::pair(b.entry.result, b.entry.segment);
+      return std::pair(a.result, a.segment) < std::pair(b.result, b.segment);
     });
     // Lines that run close to many others without lying on them are looked at again and again: that is
     // bounded.
     std::size_t looksLeft = 100 * lines.size() + 1'000'000;
     for (std::uint32_t i = 0; i < lines.size(); ++i) {
-      const Carrier carrier = CarrierOf(lines[i].start, lines[i].end, origin);
-      const RepeatedSegment repeated = Look(lines[i], carrier, looksLeft);
-      if (repeated.repeat != Repeat::kNothing) found.push_back(repeated);
+      const auto [result, segment, length] = lines[i];
+      const Line line = LineOf(job, lines[i]);
+      const Carrier carrier = CarrierOf(line.start, line.end, origin);
+      const Share share = Look(line, carrier, layers[result], looksLeft);
+      if (share.repeat != Repeat::kNothing) found.push_back({result, segment, share.repeat, share.length});
       // Boxes without extent would be sorted into the tree by the rounding of their numbers.
       constexpr double kAngleRoom = 1e-5;
       constexpr double kOffsetRoom = 1e-4;
-      if (repeated.repeat != Repeat::kWithin)
-        tree.insert({BoxOf(lines[i], carrier, kAngleRoom, std::max(tolerance, kOffsetRoom)), i});
+      if (share.repeat != Repeat::kWithin) {
+        const double offsets = std::max(tolerance, kOffsetRoom);
+        tree.insert({BoxOf(line, carrier, layers[result], kAngleRoom, offsets), i});
+      }
       if (looksLeft == 0) return false;
     }
     return true;
@@ -252,9 +272,27 @@ class SharedParts {
  private:
   using Value = std::pair<Range<4>, std::uint32_t>;
 
-  Range<4> BoxOf(const Line& line, const Carrier& carrier, double angles, double offsets) const {
+  /// What a line shares with those before it, and how much of it.
+  struct Share {
+    Repeat repeat = Repeat::kNothing;
+    double length = 0.0;
+  };
+
+  /// The middle of the lines, for the least rounding of their distances from it.
+  Point Middle() const {
+    Box box;
+    for (const LineReference& reference : lines) {
+      const Line line = LineOf(job, reference);
+      box.Include(ControlBoxOf({false, line.start, line.end, {}, {}}));
+    }
+    if (box.IsEmpty()) return {};
+    return {box.minX / 2 + box.maxX / 2, box.minY / 2 + box.maxY / 2};
+  }
+
+  Range<4> BoxOf(const Line& line, const Carrier& carrier, std::uint32_t layer, double angles,
+                 double offsets) const {
     constexpr double kLayerStep = 10.0;  // more than all angles and their windows span
-    const double angle = carrier.angle + kLayerStep * line.entry.layer;
+    const double angle = carrier.angle + kLayerStep * layer;
     Range<4> box;
     bg::set<bg::min_corner, 0>(box, angle - angles);
     bg::set<bg::max_corner, 0>(box, angle + angles);
@@ -267,24 +305,18 @@ class SharedParts {
     return box;
   }
 
-  RepeatedSegment Look(const Line& line, const Carrier& carrier, std::size_t& looksLeft) {
+  Share Look(const Line& line, const Carrier& carrier, std::uint32_t layer, std::size_t& looksLeft) {
     // Both ends of the shorter line lie within the tolerance of the longer one.
     const double angles = std::asin(std::min(1.0, 2 * tolerance / line.length)) + kRounding;
     const double farthest = std::max(Distance(line.start, origin), Distance(line.end, origin));
     const double offsets = tolerance + farthest * angles + kRounding;
     parts.clear();
-    bool isWithin = LookIn(BoxOf(line, carrier, angles, offsets), line, looksLeft);
+    bool isWithin = LookIn(BoxOf(line, carrier, layer, angles, offsets), line, looksLeft);
     if (!isWithin && (carrier.angle < angles || carrier.angle > std::numbers::pi - angles))
-      isWithin = LookIn(BoxOf(line, Turned(carrier), angles, offsets), line, looksLeft);
-    RepeatedSegment repeated{line.entry.result, line.entry.segment, Repeat::kNothing, 0.0};
-    if (isWithin) {
-      repeated.repeat = Repeat::kWithin;
-      repeated.length = line.length;
-    } else if (!parts.empty()) {
-      repeated.repeat = Repeat::kPart;
-      repeated.length = UnionLength(parts);
-    }
-    return repeated;
+      isWithin = LookIn(BoxOf(line, Turned(carrier), layer, angles, offsets), line, looksLeft);
+    if (isWithin) return {Repeat::kWithin, line.length};
+    if (!parts.empty()) return {Repeat::kPart, UnionLength(parts)};
+    return {};
   }
 
   /// Collects the parts of `line` that lie on others in the box; true, and no further look, where one holds
@@ -294,7 +326,7 @@ class SharedParts {
     for (auto it = tree.qbegin(bgi::intersects(box)); it != tree.qend(); ++it) {
       if (looksLeft == 0 || parts.size() == kMostParts) return false;
       --looksLeft;
-      const auto [from, to] = SharedPart(line, lines[it->second], tolerance);
+      const auto [from, to] = SharedPart(line, LineOf(job, lines[it->second]), tolerance);
       if (from <= tolerance && to >= line.length - tolerance) return true;
       if (to - from > kLeastShare * tolerance) parts.emplace_back(from, to);
     }
@@ -306,25 +338,20 @@ class SharedParts {
   static constexpr double kLeastShare = 10.0;
 
  private:
-  std::vector<Line> lines;
+  const Job& job;
+  const std::vector<std::uint32_t>& layers;
+  std::vector<LineReference> lines;
   Point origin;
   double tolerance;
   bgi::rtree<Value, bgi::linear<16>> tree;
   std::vector<std::pair<double, double>> parts;
 };
 
-Point MiddleOf(const std::vector<Line>& lines) {
-  Box box;
-  for (const Line& line : lines) box.Include(ControlBoxOf({false, line.start, line.end, {}, {}}));
-  if (box.IsEmpty()) return {};
-  return {box.minX / 2 + box.maxX / 2, box.minY / 2 + box.maxY / 2};
-}
-
 }  // namespace
 
 Repeats FindRepeats(const Job& job, const std::vector<std::uint32_t>& layers, double tolerance) {
   Repeats repeats;
-  std::vector<Line> straight;
+  std::vector<LineReference> straight;
   {
     WholeSegments wholes(job, tolerance);
     for (std::uint32_t r = 0; r < job.results.size(); ++r) {
@@ -338,13 +365,11 @@ Repeats FindRepeats(const Job& job, const std::vector<std::uint32_t>& layers, do
         if (repeat != Repeat::kNothing) repeats.segments.push_back({r, i, repeat, LengthOf(segment)});
         if (repeat == Repeat::kSegment || !IsStraight(segment, tolerance)) continue;
         const double length = Distance(segment.start, segment.end);
-        if (length > SharedParts::kLeastShare * tolerance)
-          straight.push_back({segment.start, segment.end, length, entry});
+        if (length > SharedParts::kLeastShare * tolerance) straight.push_back({r, i, length});
       }
     }
   }
-  const Point middle = MiddleOf(straight);
-  repeats.isComplete = SharedParts(std::move(straight), middle, tolerance).Find(repeats.segments);
+  repeats.isComplete = SharedParts(job, layers, std::move(straight), tolerance).Find(repeats.segments);
   std::sort(repeats.segments.begin(), repeats.segments.end(),
             [](const RepeatedSegment& a, const RepeatedSegment& b) {
               return std::pair(a.result, a.segment) < std::pair(b.result, b.segment);
