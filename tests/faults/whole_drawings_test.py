@@ -22,6 +22,7 @@ def load_generators():
     loader = importlib.machinery.SourceFileLoader("worst_files", str(ROOT / "bench/worst_files"))
     module = importlib.util.module_from_spec(importlib.util.spec_from_loader("worst_files", loader))
     sys.dont_write_bytecode = True
+    sys.path.insert(0, str(ROOT / "bench"))
     loader.exec_module(module)
     return module
 
@@ -45,6 +46,22 @@ class Whole(unittest.TestCase):
 def image(document, width, height, keys="", data=b"", color_space="/DeviceGray", packed=True):
     head = f"/Type /XObject /Subtype /Image /Width {width} /Height {height} /ColorSpace {color_space} {keys}"
     return document.stream(data, head, packed=packed)
+
+
+class SvgDrawings(Whole):
+    def test_every_large_drawing_of_the_generators(self):
+        for name, (make, expected) in WRITE.WHOLE.items():
+            with self.subTest(name=name):
+                self.assertEqual(self.results(f"{name}.{name[:3]}", make()), expected)
+
+
+class DxfDrawings(Whole):
+    def test_a_thousand_times_a_thousand_circles(self):
+        circles = WRITE.tags("0|BLOCK|2|c") + "".join(
+            WRITE.tags(f"0|CIRCLE|5|1|10|{i}|20|0|40|1") for i in range(1000)) + WRITE.tags("0|ENDBLK")
+        rows = WRITE.tags("0|BLOCK|2|r") + WRITE.tags("0|INSERT|5|1|2|c") * 1000 + WRITE.tags("0|ENDBLK")
+        data = WRITE.dxf(WRITE.tags("0|INSERT|2|r"), circles + rows)
+        self.assertEqual(self.results("circles.dxf", data), 1_000_000)
 
 
 class PdfDrawings(Whole):
@@ -72,7 +89,7 @@ class PdfDrawings(Whole):
             kids = [document.add(f"<< /Type /Page /MediaBox [ 0 0 595 842 ] /Contents {content} 0 R "
                                  f"/Resources << /XObject << /X {picture} 0 R >> >> >>") for _ in range(pages)]
             tree = document.add("<< /Type /Pages /Kids [ " + " ".join(f"{kid} 0 R" for kid in kids) + " ] >>")
-            data = document.file(document.add(f"<< /Type /Catalog /Pages {tree} 0 R >>"))
+            data = document.with_table(document.add(f"<< /Type /Catalog /Pages {tree} 0 R >>"))
             self.assertEqual(self.results("letterhead.pdf", data), 2 * pages)
 
     def test_five_hundred_tags_of_one_engraving_and_a_cut_line(self):
@@ -101,7 +118,7 @@ class PdfDrawings(Whole):
             kids.append(document.add(f"<< /Type /Page /MediaBox [ 0 0 595 842 ] /Contents {content} 0 R "
                                      f"/Resources << /XObject << /X {scan} 0 R >> >> >>"))
         tree = document.add("<< /Type /Pages /Kids [ " + " ".join(f"{kid} 0 R" for kid in kids) + " ] >>")
-        data = document.file(document.add(f"<< /Type /Catalog /Pages {tree} 0 R >>"))
+        data = document.with_table(document.add(f"<< /Type /Catalog /Pages {tree} 0 R >>"))
         self.assertEqual(self.results("scans.pdf", data), 200)
 
 
