@@ -1,7 +1,6 @@
 #include "dxf/dxf_rw.h"
 
 #include "dxf/dxf_open_file.h"
-#include "support/account.h"
 
 DXF_RW::DXF_RW() = default;
 
@@ -13,10 +12,7 @@ bool DXF_RW::Read(const std::string& filePath, PARSE::Context context) {
   sink->BeginFile(context);
   iface = std::make_unique<DXF_Interface>();
   iface->path = filePath;
-  {
-    const support::RoomForDrawing room;
-    iface->readOk = DXF_OpenFile(filePath).run(iface.get());
-  }
+  iface->readOk = DXF_OpenFile(filePath).run(iface.get());
   if (!iface->readOk) {
     sink->EndFile(context);
     return false;

@@ -27,7 +27,6 @@ bool PDF_RW::Read(const std::string& filePath, PARSE::Context context) {
   bool opened = false;
   // One item, so that half of the work is left for what the pages become.
   support::RunItem([&] {
-    const support::RoomForDrawing room;
     opened = document->Open();
     if (opened) pdf::PageReader(*document).ReadAll(document->catalog, pages);
   });

@@ -123,16 +123,6 @@ class HeldElsewhere {
   std::uint64_t bytes = 0;
 };
 
-/// Held while a reader reads its records, so that a file that fills its memory with them leaves some for
-/// drawing what was read.
-class RoomForDrawing {
- public:
-  static constexpr std::uint64_t kBytes = std::uint64_t{16} << 20;
-
- private:
-  HeldElsewhere room{kBytes};
-};
-
 /// Counts work beyond one pass over the file, roughly in nanoseconds. Throws `WorkUsedUp`.
 inline void SpendWork(std::uint64_t units) {
   if (Account* account = Account::Current()) account->Spend(units);

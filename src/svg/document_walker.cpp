@@ -58,7 +58,6 @@ SvgDocumentWalker::SvgDocumentWalker(std::string filePath, SVG_Interface& record
 
 /// Where the account refuses more, the records so far stand.
 void SvgDocumentWalker::Load() {
-  const support::RoomForDrawing room;
   isComplete = support::RunItem([this] { ReadAndWalk(); });
   support::RunItem([this] { HandOverRules(); });
 }

@@ -184,18 +184,6 @@ TEST(AccountItem, LetsOtherFailuresThrough) {
   EXPECT_THROW(support::RunItem([] { throw std::bad_alloc(); }), std::bad_alloc);
 }
 
-TEST(RoomForDrawing, IsKeptFromTheReadingAndThenGivenBack) {
-  constexpr std::uint64_t bytes = support::RoomForDrawing::kBytes;
-  Account account(Granted(bytes + 1000, bytes + 1000, 1'000'000'000));
-  const AccountScope scope(account);
-  {
-    const support::RoomForDrawing room;
-    EXPECT_THROW(account.Hold(1001, MemoryUse::kWorking), support::MemoryUsedUp);
-    account.Hold(1000, MemoryUse::kWorking);
-  }
-  EXPECT_NO_THROW(account.Hold(bytes, MemoryUse::kWorking));
-}
-
 TEST(LargeBlock, IsCountedAsWhatItIsFor) {
   Account account;
   const AccountScope scope(account);
