@@ -13,7 +13,7 @@ class ZR_Text : public ZR_Entity {
   ZR_Text() : ZR_Entity(kText) {}
 
   std::string text;     ///< UTF-8
-  SharedText fontName;  ///< a family, perhaps with a prefix before a "+" and a style behind a "-"
+  SharedText fontName;  ///< a family, perhaps with a prefix before a "+" and a style after a "-"
   SharedText bigFontName;
   std::string unit;     ///< unit of the height as its file wrote it
   double height = 0.0;  ///< in the unit of `position`; cut to a whole number, the font engine's pixel size

@@ -21,7 +21,7 @@ class FontLookup {
   explicit FontLookup(std::string iniDirectory = platform::HostDirectory())
       : directory(std::move(iniDirectory)) {}
 
-  /// The path of the font file for `fontName`, which may have a prefix before a "+" and a style behind a "-".
+  /// The path of the font file for `fontName`, which may have a prefix before a "+" and a style after a "-".
   /// Empty where there is none.
   const std::string& FileOf(const std::string& fontName);
 

@@ -129,7 +129,7 @@ class CMyDrawLoad : public PARSE::DrawLoader {
   Matrix2D PlacementOf(const Entity_ZR::ZR_Image& image) const;
 
   std::unique_ptr<fonts::ParseFonts> parseFonts;  ///< made for the first text, gone with the end of the file
-  std::vector<Entity_ZR::Point3> arcPoints;       ///< of the arc in hand, four for each of its sections
+  std::vector<Entity_ZR::Point3> arcPoints;       ///< of the current arc, four for each section
 };
 
 #endif

@@ -12,7 +12,7 @@ using Svg::SVG_Element;
 
 namespace {
 
-/// What it takes to look a record up and to pass over it.
+/// Work of looking a record up and passing over it.
 constexpr std::size_t kReferencedRecordWork = 16;
 
 }  // namespace

@@ -31,7 +31,7 @@ Entity_ZR::SharedNumbers DashesOf(std::string_view dashArray) {
   return dashes;
 }
 
-/// What it takes to parse a byte of a path, of a list of points or of a transform.
+/// Work of parsing a byte of a path, of a list of points or of a transform.
 constexpr std::size_t kParseWork = 8;
 
 /// The keys that are read here and travel no further.

@@ -12,7 +12,7 @@ namespace {
 /// Lists of this length are copied into one whatever they add, so that short chains stay short.
 constexpr std::size_t kShortList = 32;
 
-/// What it takes to look for some keys in a list that elements share.
+/// Work of looking for some keys in a list that elements share.
 constexpr std::size_t kScanWork = 4;
 
 bool IsNotInherited(AttributeKey key) { return key == kTransform || key == kId; }

@@ -114,7 +114,7 @@ class SVG_RW : public PARSE::DrawLoader {
   bool documentMatrixAbsorbed = false;  ///< `matrixStack` carries `documentMatrix`
   std::deque<Matrix2D> matrixStack;
   std::size_t openGroups = 0;    ///< frames that the sink was given and that have not ended
-  bool isClone = false;          ///< the records in hand are drawn through a `use`
+  bool isClone = false;          ///< the current records are drawn through a `use`
   std::string_view decodedHref;  ///< of `decodedPicture`
   support::Picture decodedPicture;
   // Room that is used again for each path.

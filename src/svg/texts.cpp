@@ -9,7 +9,7 @@ using Entity_ZR::ZR_Text;
 
 namespace {
 
-/// What it takes to find a glyph, which may be empty.
+/// Work of finding a glyph, which may be empty.
 constexpr std::size_t kCharacterWork = 64;
 
 constexpr std::string_view kDefaultFont = "Microsoft YaHei";

@@ -43,7 +43,7 @@ class XmlCounter {
     return at != kNone;
   }
 
-  /// Moves behind the tag. Quoted values count as attributes, whatever stands before them.
+  /// Moves past the tag. Quoted values count as attributes, whatever stands before them.
   bool PassTag() {
     std::size_t values = 0;
     while (at < text.size() && text[at] != '>') {
@@ -59,7 +59,7 @@ class XmlCounter {
     return true;
   }
 
-  /// Moves behind the comment, section or declaration.
+  /// Moves past the comment, section or declaration.
   void PassMark() {
     const std::string_view rest = text.substr(at);
     const std::string_view end = rest.starts_with("<!--")        ? "-->"
